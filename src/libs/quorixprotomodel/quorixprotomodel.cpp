@@ -1,0 +1,1 @@
+#include <quorixprotomodel/quorixprotomodel.h>

@@ -1,0 +1,1 @@
+#include <quorixtiming/quorixtiming.h>

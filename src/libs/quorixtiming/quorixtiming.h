@@ -1,0 +1,5 @@
+/// Display timings and EDID, all of it.
+#ifndef QUORIXTIMING_H
+#define QUORIXTIMING_H
+
+#endif
