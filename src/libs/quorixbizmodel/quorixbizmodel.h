@@ -2,4 +2,8 @@
 #ifndef QUORIXBIZMODEL_H
 #define QUORIXBIZMODEL_H
 
+#include <quorixbizmodel/common/enumtools.h>
+#include <quorixbizmodel/common/quorixbizconstants.h>
+#include <quorixbizmodel/common/quorixbizenum.h>
+
 #endif
