@@ -1,1 +1,0 @@
-#include <quorixtiming/quorixtiming.h>
