@@ -2,6 +2,8 @@
 #ifndef QUORIXBIZMODEL_H
 #define QUORIXBIZMODEL_H
 
+#include <quorixbizmodel/capability/deviceconfigmanager.h>
+#include <quorixbizmodel/capability/quorixbizstruct.h>
 #include <quorixbizmodel/common/enumtools.h>
 #include <quorixbizmodel/common/quorixbizconstants.h>
 #include <quorixbizmodel/common/quorixbizenum.h>
