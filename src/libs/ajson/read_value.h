@@ -1,0 +1,319 @@
+/// Typed values from a text. Each reader has a quick way for the form that the writer gives and leaves it, before
+/// anything is stored, for the exact way by tokens.
+#ifndef AJSON_READ_VALUE_H
+#define AJSON_READ_VALUE_H
+
+#include <ajson/reader.h>
+#include <ajson/registration.h>
+#include <ajson/unescape.h>
+#include <list>
+#include <memory>
+
+namespace ajson::detail {
+
+template <class T>
+struct sequence_traits : std::false_type {};
+template <class T, class A>
+struct sequence_traits<std::vector<T, A>> : std::true_type {};
+template <class T, class A>
+struct sequence_traits<std::list<T, A>> : std::true_type {};
+template <class T>
+inline constexpr bool is_sequence = sequence_traits<T>::value;
+
+template <class T>
+inline constexpr bool is_shared = false;
+template <class T>
+inline constexpr bool is_shared<std::shared_ptr<T>> = true;
+
+template <class T>
+inline constexpr bool is_text = std::is_same_v<T, std::string>;
+
+template <class T>
+const char *read_scanned(reader &rd, T &value);
+template <class T>
+const char *read_value(reader &rd, const char *p, T &value);
+
+// ---- single values, exact: the current token is the value, the reader stays right behind it
+
+inline bool is_true(string_ref text) {
+    constexpr std::string_view word = "true";
+    return text.len == word.size() && std::equal(word.begin(), word.end(), text.str, [](char lower, char c) {
+               return lower == (c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c);
+           });
+}
+
+inline bool token_to_bool(reader &rd) {
+    const token &tok = rd.cur_tok_;
+    switch (tok.type) {
+    case token::t_string:
+        return is_true(tok.str);
+    case token::t_int:
+    case token::t_uint:
+        return tok.value.u64 != 0;
+    case token::t_number:
+        return tok.value.d64 != 0.0;
+    default:
+        rd.error("not a valid bool.");
+    }
+}
+
+inline std::int64_t token_to_signed(reader &rd) {
+    const token &tok = rd.cur_tok_;
+    switch (tok.type) {
+    case token::t_string:
+        return is_true(tok.str) ? 1 : text_to_integer<std::int64_t>(tok.str.str, tok.str.str + tok.str.len);
+    case token::t_int:
+        return static_cast<std::int64_t>(0 - tok.value.u64);
+    case token::t_uint:
+        return static_cast<std::int64_t>(tok.value.u64);
+    case token::t_number:
+        return truncate<std::int64_t>(tok.neg ? -tok.value.d64 : tok.value.d64);
+    default:
+        rd.error("not a valid signed integral like number.");
+    }
+}
+
+inline std::uint64_t token_to_unsigned(reader &rd) {
+    const token &tok = rd.cur_tok_;
+    switch (tok.type) {
+    case token::t_string:
+        return is_true(tok.str) ? 1 : text_to_integer<std::uint64_t>(tok.str.str, tok.str.str + tok.str.len);
+    case token::t_int:
+        rd.error("assign a negative signed integral to unsigned integral number.");
+    case token::t_uint:
+        return tok.value.u64;
+    case token::t_number:
+        if (tok.neg)
+            rd.error("assign a negative float point to unsigned integral number.");
+        return truncate<std::uint64_t>(tok.value.d64);
+    default:
+        rd.error("not a valid unsigned integral like number.");
+    }
+}
+
+inline double token_to_double(reader &rd) {
+    const token &tok = rd.cur_tok_;
+    switch (tok.type) {
+    case token::t_string:
+        return text_to_double(tok.str.str, tok.str.str + tok.str.len);
+    case token::t_int:
+        return -static_cast<double>(tok.value.u64);
+    case token::t_uint:
+        return static_cast<double>(tok.value.u64);
+    case token::t_number:
+        return tok.neg ? -tok.value.d64 : tok.value.d64;
+    default:
+        rd.error("not a valid float point number.");
+    }
+}
+
+inline void token_to_text(reader &rd, std::string &value) {
+    const string_ref text = rd.cur_tok_.str;
+    if (rd.cur_tok_.type != token::t_string || !unescape(text.str, text.str + text.len, value))
+        rd.error("not a valid string.");
+}
+
+// ---- single values, quick: the place behind the value, or null when the form is another one
+
+/// What must follow for a number to be whole and complete without another look.
+inline bool ends_value(char c) { return c == ',' || c == '}' || c == ']'; }
+
+/// Room that the quick way of a number wants: a sign, twenty digits, the byte behind and a whole word.
+inline constexpr std::ptrdiff_t number_room = 32;
+
+template <class T>
+const char *quick_whole(const char *p, const char *end, T &value) {
+    if (end - p < number_room)
+        return nullptr;
+    bool negative = false;
+    if constexpr (std::is_signed_v<T>) {
+        negative = *p == '-';
+        p += negative ? 1 : 0;
+    }
+    const char *first = p;
+    std::uint64_t whole = 0;
+    for (; is_digit(*p) && p - first < 20; ++p)
+        whole = whole * 10 + static_cast<std::uint64_t>(*p - '0');
+    if (p == first || !ends_value(*p))
+        return nullptr;
+    value = static_cast<T>(negative ? 0 - whole : whole);
+    return p;
+}
+
+inline const char *quick_text(const char *p, const char *end, std::string &value) {
+    if (p == end || *p != '"')
+        return nullptr;
+    const char *close = find_quote(p + 1, end);
+    if (close == end || *close != '"')
+        return nullptr;
+    value.assign(p + 1, close);
+    return close + 1;
+}
+
+// ---- arrays
+
+/// Reads the elements behind the opening bracket at @p p. @p element() gives where the next one goes and is asked
+/// when its first token has been taken: a fault in that token leaves the array as it was, one behind it doesn't.
+template <class Element>
+const char *read_elements(reader &rd, const char *p, Element element) {
+    const reader::level level(rd, p, "array must start with [.");
+    const token &tok = rd.cur_tok_;
+    rd.scan(p);
+    while (!tok.is(']')) {
+        p = read_scanned(rd, element());
+        if (p < rd.end() && *p == ',') {
+            rd.scan(p + 1);
+            continue;
+        }
+        rd.scan(p);
+        if (tok.is(']'))
+            break;
+        if (!tok.is(','))
+            rd.error("no valid array!");
+        rd.scan(rd.cursor());
+    }
+    return rd.cursor();
+}
+
+// ---- records
+
+template <class T>
+struct record_reader {
+    using members = members_of<T>;
+    static constexpr const auto &keys = members::keys;
+
+    /// Reads the members behind the opening brace at @p p.
+    static const char *read(reader &rd, const char *p, T &value) {
+        const reader::level level(rd, p, "read object must start with {!");
+        std::size_t done = 0;
+        members::for_each([&]<std::size_t I, auto Member>() {
+            if (done == I && expected<I>(p, rd.end())) {
+                p = read_value(rd, p + size<I>(), value.*Member);
+                ++done;
+            }
+        });
+        if (done == members::count && p < rd.end() && *p == '}')
+            return p + 1;
+        return read_any_order(rd, p, value, done);
+    }
+
+private:
+    /// The first key is met without its separator, which is the opening brace.
+    template <std::size_t I>
+    static constexpr std::size_t size() {
+        return keys.size(I) - (I == 0 ? 1 : 0);
+    }
+    template <std::size_t I>
+    static bool expected(const char *p, const char *end) {
+        return static_cast<std::size_t>(end - p) >= size<I>() &&
+               same_bytes<size<I>()>(p, keys.key(I) + (I == 0 ? 1 : 0));
+    }
+
+    /// Goes on key by key, from the place behind the brace (@p next == 0) or behind a value.
+    static const char *read_any_order(reader &rd, const char *p, T &value, std::size_t next) {
+        constexpr const char *fault = "invalid json document!";
+        const token &tok = rd.cur_tok_;
+        for (bool first = next == 0;; first = false) {
+            rd.scan(p);
+            if (tok.is('}'))
+                return rd.cursor();
+            if (!first) {
+                if (!tok.is(','))
+                    rd.error(fault);
+                rd.scan(rd.cursor());
+            }
+            if (tok.type != token::t_string)
+                rd.error("object key must be string");
+            const string_ref key = tok.str;
+            rd.scan(rd.cursor());
+            if (!tok.is(':'))
+                rd.error(fault);
+            p = rd.cursor();
+            const std::size_t place = keys.find(key, next);
+            if (place == members::count) {
+                rd.scan(p);
+                skip_value(rd);
+                p = rd.cursor();
+            } else {
+                p = read_member(rd, p, value, place);
+                next = place + 1;
+            }
+        }
+    }
+
+    static const char *read_member(reader &rd, const char *p, T &value, std::size_t place) {
+        const char *behind = p;
+        members::for_each([&]<std::size_t I, auto Member>() {
+            if (place == I)
+                behind = read_value(rd, p, value.*Member);
+        });
+        return behind;
+    }
+};
+
+// ---- any value
+
+/// Reads the value whose first token is the current one, and gives the place right behind it.
+template <class T>
+const char *read_scanned(reader &rd, T &value) {
+    if constexpr (std::is_same_v<T, bool>) {
+        value = token_to_bool(rd);
+    } else if constexpr (std::is_enum_v<T>) {
+        value = static_cast<T>(token_to_unsigned(rd));
+    } else if constexpr (std::is_integral_v<T> && std::is_signed_v<T>) {
+        value = static_cast<T>(token_to_signed(rd));
+    } else if constexpr (std::is_integral_v<T>) {
+        value = static_cast<T>(token_to_unsigned(rd));
+    } else if constexpr (std::is_floating_point_v<T>) {
+        value = static_cast<T>(token_to_double(rd));
+    } else if constexpr (is_text<T>) {
+        token_to_text(rd, value);
+    } else if constexpr (std::is_array_v<T>) {
+        if (!rd.cur_tok_.is('['))
+            rd.error("array must start with [.");
+        std::size_t count = 0;
+        return read_elements(
+            rd, rd.cursor(), [&]() -> auto & {
+                if (count == std::extent_v<T>)
+                    rd.error("array overflow.");
+                return value[count++];
+            });
+    } else if constexpr (is_sequence<T>) {
+        if (!rd.cur_tok_.is('['))
+            rd.error("array must start with [.");
+        return read_elements(
+            rd, rd.cursor(), [&]() -> auto & { return value.emplace_back(); });
+    } else if constexpr (is_shared<T>) {
+        if (rd.cur_tok_.type != token::t_ctrl) {
+            value.reset();
+            return rd.cursor();
+        }
+        if (value == nullptr)
+            value = std::make_shared<typename T::element_type>();
+        return read_scanned(rd, *value);
+    } else {
+        static_assert(registered<T>, "a type without a registration: add a line QUORIX_AJSON(Type, members...)");
+        if (!rd.cur_tok_.is('{'))
+            rd.error("read object must start with {!");
+        return record_reader<T>::read(rd, rd.cursor(), value);
+    }
+    return rd.cursor();
+}
+
+/// Reads the value that begins at or behind @p p, and gives the place right behind it.
+template <class T>
+const char *read_value(reader &rd, const char *p, T &value) {
+    const char *behind = nullptr;
+    if constexpr (std::is_integral_v<T> && !std::is_same_v<T, bool>)
+        behind = quick_whole(p, rd.end(), value);
+    else if constexpr (is_text<T>)
+        behind = quick_text(p, rd.end(), value);
+    if (behind != nullptr)
+        return behind;
+    rd.scan(p);
+    return read_scanned(rd, value);
+}
+
+} // namespace ajson::detail
+
+#endif

@@ -1,0 +1,133 @@
+/// The list of a record's members, told once, for reader and writer.
+#ifndef AJSON_REGISTRATION_H
+#define AJSON_REGISTRATION_H
+
+#include <ajson/text.h>
+#include <string_view>
+#include <type_traits>
+#include <utility>
+
+namespace ajson::detail {
+
+/// Carries a record's type, so that argument-dependent lookup finds its registration and never that of a base.
+template <class T>
+struct tag {};
+
+/// The keys of a record as the writer puts them and the reader meets them: `{"x":` for the first, `,"y":` for others.
+template <std::size_t Count, std::size_t Bytes>
+struct key_table {
+    static constexpr std::size_t marks = 4;  ///< bytes round a name: separator, two quotes, colon
+    static constexpr std::size_t slack = 16; ///< keys are copied and compared in whole words
+
+    std::array<char, Bytes + slack> text{};
+    std::array<std::uint16_t, Count + 1> at{};
+    std::array<std::uint64_t, Count> head{}; ///< the first eight bytes of the name, zeros behind a shorter one
+
+    constexpr explicit key_table(std::string_view list) {
+        std::size_t pos = 0;
+        std::size_t index = 0;
+        for_each_name(list.data(), list.size(), [&](const char *name, std::size_t length) {
+            at[index] = static_cast<std::uint16_t>(pos);
+            text[pos++] = index == 0 ? '{' : ',';
+            text[pos++] = '"';
+            for (std::size_t i = 0; i < length; ++i) {
+                text[pos++] = name[i];
+                if (i < 8)
+                    head[index] |= static_cast<std::uint64_t>(static_cast<unsigned char>(name[i])) << (8 * i);
+            }
+            text[pos++] = '"';
+            text[pos++] = ':';
+            at[++index] = static_cast<std::uint16_t>(pos);
+        });
+    }
+
+    [[nodiscard]] constexpr const char *key(std::size_t i) const { return text.data() + at[i]; }
+    [[nodiscard]] constexpr std::size_t size(std::size_t i) const { return std::size_t{at[i + 1]} - at[i]; }
+    [[nodiscard]] constexpr const char *name(std::size_t i) const { return key(i) + 2; }
+    [[nodiscard]] constexpr std::size_t name_size(std::size_t i) const { return size(i) - marks; }
+
+    /// The place of a name, looked for first at @p hint and then from the first place on; Count if there is none.
+    [[nodiscard]] std::size_t find(string_ref wanted, std::size_t hint) const {
+        std::uint64_t first = 0;
+        if (wanted.len >= 8)
+            first = load8(wanted.str);
+        else
+            for (std::size_t i = 0; i < wanted.len; ++i)
+                first |= static_cast<std::uint64_t>(static_cast<unsigned char>(wanted.str[i])) << (8 * i);
+        const auto matches = [&](std::size_t i) {
+            return head[i] == first && name_size(i) == wanted.len &&
+                   (wanted.len <= 8 || std::memcmp(name(i) + 8, wanted.str + 8, wanted.len - 8) == 0);
+        };
+        if (hint < Count && matches(hint))
+            return hint;
+        std::size_t i = 0;
+        while (i < Count && !matches(i))
+            ++i;
+        return i;
+    }
+};
+
+consteval std::size_t count_names(std::string_view list) {
+    std::size_t count = 0;
+    for_each_name(list.data(), list.size(), [&](const char *, std::size_t) { ++count; });
+    return count;
+}
+consteval std::size_t count_bytes(std::string_view list) {
+    std::size_t bytes = 0;
+    for_each_name(list.data(), list.size(), [&](const char *, std::size_t length) { bytes += length + 4; });
+    return bytes;
+}
+
+/// What a registration gives: the list's text (List::text()) and a pointer to each member.
+template <class List, auto... Member>
+struct registration {
+    static constexpr std::size_t count = sizeof...(Member);
+    static constexpr key_table<count, count_bytes(List::text())> keys{List::text()};
+    static_assert(count_names(List::text()) == count);
+    using places = std::make_index_sequence<count>;
+
+    static constexpr const char *text() { return List::text(); }
+
+    /// Calls @p visit<I>(pointer to member) for each member in order.
+    template <class Visit>
+    static constexpr void for_each(Visit &&visit) {
+        [&]<std::size_t... I>(std::index_sequence<I...>) { (visit.template operator()<I, Member>(), ...); }
+        (places{});
+    }
+};
+
+template <class T>
+concept registered = requires {
+    ajson_members(tag<T>{});
+};
+
+template <class T>
+using members_of = decltype(ajson_members(tag<T>{}));
+
+} // namespace ajson::detail
+
+// One step of expansion for each member; the nested scans give room for 256 members.
+#define AJSON_PARENS ()
+#define AJSON_EXPAND(...) AJSON_EXPAND3(AJSON_EXPAND3(AJSON_EXPAND3(AJSON_EXPAND3(__VA_ARGS__))))
+#define AJSON_EXPAND3(...) AJSON_EXPAND2(AJSON_EXPAND2(AJSON_EXPAND2(AJSON_EXPAND2(__VA_ARGS__))))
+#define AJSON_EXPAND2(...) AJSON_EXPAND1(AJSON_EXPAND1(AJSON_EXPAND1(AJSON_EXPAND1(__VA_ARGS__))))
+#define AJSON_EXPAND1(...) AJSON_EXPAND0(AJSON_EXPAND0(AJSON_EXPAND0(AJSON_EXPAND0(__VA_ARGS__))))
+#define AJSON_EXPAND0(...) __VA_ARGS__
+#define AJSON_MEMBER(Type, member, ...) , &Type::member __VA_OPT__(AJSON_MEMBER_AGAIN AJSON_PARENS(Type, __VA_ARGS__))
+#define AJSON_MEMBER_AGAIN() AJSON_MEMBER
+
+/// Registers a record with the codec: `QUORIX_AJSON(s_Pos, x, y)`, beside the record and in its namespace, with or
+/// without a semicolon. The members are written in this order under their own names; inherited ones stand among them,
+/// flat; one may be named twice.
+#define QUORIX_AJSON(Type, ...)                                                                                        \
+    constexpr auto ajson_members(ajson::detail::tag<Type>) {                                                           \
+        struct list {                                                                                                  \
+            static constexpr const char *text() { return #__VA_ARGS__; }                                               \
+        };                                                                                                             \
+        return ajson::detail::registration<list AJSON_EXPAND(AJSON_MEMBER(Type, __VA_ARGS__))>{};                      \
+    }
+
+/// The same inside a class, where it reaches private members.
+#define QUORIX_AJSON_FRIEND(Type, ...) friend QUORIX_AJSON(Type, __VA_ARGS__)
+
+#endif
