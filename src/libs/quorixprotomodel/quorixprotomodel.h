@@ -2,4 +2,15 @@
 #ifndef QUORIXPROTOMODEL_H
 #define QUORIXPROTOMODEL_H
 
+#include <quorixprotomodel/auxiliary.h>
+#include <quorixprotomodel/decode.h>
+#include <quorixprotomodel/device.h>
+#include <quorixprotomodel/devicebaseinfo.h>
+#include <quorixprotomodel/file.h>
+#include <quorixprotomodel/interface.h>
+#include <quorixprotomodel/layer.h>
+#include <quorixprotomodel/preset.h>
+#include <quorixprotomodel/protomodelbase.h>
+#include <quorixprotomodel/screen.h>
+
 #endif

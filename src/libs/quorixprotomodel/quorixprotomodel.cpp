@@ -1,1 +1,0 @@
-#include <quorixprotomodel/quorixprotomodel.h>
