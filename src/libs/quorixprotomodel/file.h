@@ -2,7 +2,8 @@
 #ifndef QUORIXPROTOMODEL_FILE_H
 #define QUORIXPROTOMODEL_FILE_H
 
-#include <quorixprotomodel/decode.h>
+#include <ajson/decode.h>
+#include <quorix_export.h>
 #include <quorixprotomodel/protomodelbase.h>
 
 #include <string>

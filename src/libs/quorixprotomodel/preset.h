@@ -2,7 +2,8 @@
 #ifndef QUORIXPROTOMODEL_PRESET_H
 #define QUORIXPROTOMODEL_PRESET_H
 
-#include <quorixprotomodel/decode.h>
+#include <ajson/decode.h>
+#include <quorix_export.h>
 #include <quorixprotomodel/layer.h>
 #include <quorixprotomodel/screen.h>
 

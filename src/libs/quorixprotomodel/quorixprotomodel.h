@@ -3,7 +3,6 @@
 #define QUORIXPROTOMODEL_H
 
 #include <quorixprotomodel/auxiliary.h>
-#include <quorixprotomodel/decode.h>
 #include <quorixprotomodel/device.h>
 #include <quorixprotomodel/devicebaseinfo.h>
 #include <quorixprotomodel/file.h>
