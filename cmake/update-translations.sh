@@ -1,0 +1,13 @@
+#!/bin/sh
+# Refreshes the catalogues of i18n/ from the sources: the texts alone, and the template of each language, whose
+# translations stay. Run it by hand after a text for the user was added or changed. Needs qttools5-dev-tools.
+set -eu
+cd "$(dirname "$0")/.."
+
+options="-silent -no-obsolete -locations none -source-language en"
+sources="src/libs/quorixbizmodel -extensions cpp,h -I src/libs"
+
+lupdate $options $sources -target-language en -ts i18n/quorixbizmodel.ts
+for language in zh_CN; do
+    lupdate $options $sources -target-language $language -ts "i18n/quorixbizmodel_$language.ts"
+done

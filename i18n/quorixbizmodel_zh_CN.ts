@@ -1,0 +1,274 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="zh_CN" sourcelanguage="en">
+<context>
+    <name>ConfigXml</name>
+    <message>
+        <source>internal document type definitions are not supported</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>an element has too many attributes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>elements are nested too deeply</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Quorix::BizModel::DeviceConfigManager</name>
+    <message>
+        <source>Invalid file path!
+%1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fail to open file [%1]!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Invalid [%1] node.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Parse error at line %1, column %2:
+%3</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The file is not a valid configuration file for device.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The file is not a valid configuration file of version 1.0 for device.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>DeviceConfig Not Find </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>From %1:%2</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Quorix::BizModel::Helper</name>
+    <message>
+        <source>Off</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Limited Range</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Full Range</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>bit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>On</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Translate</name>
+    <message>
+        <source>Adding screen,please wait...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cleaning layers,please wait...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cleaning presets,please wait...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Deleting preset,please wait...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Full screen</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Do you want to remove all the layers from PVW?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Are you sure you want to delete all the presets?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Do you want to remove all the layers from PGM?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>can&apos;t create PVW preset</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Failed to load some screens of preset</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Preset Content loaded sucessfully!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The preset will be directly loaded to PGM. Continue?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Saving device data, please wait.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>save data failure.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>save data successed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Syncing device data , please wait.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please wait...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>It is not consistent with the current layer capacity!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please select a layer first.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>4K</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>DL</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>SL</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Wipe from bottom</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Horizontal in</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Horizontal out</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Wipe from left</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Wipe from bottom - left</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Wipe from top - left</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Wipe from right</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Wipe from bottom - right</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Wipe from top - right</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Wipe from top</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Vertical in</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Vertical out</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The number of layers exceeds the limit.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fade</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No 4K input source, this operation cannot be completed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No DL input source, this operation cannot be completed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No SL input source, this operation cannot be completed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unable to find matching input source!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No matching input source found.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not enough resources.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The current operation cannot be completed during the screen taking.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Load to PGM</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Load to PVW</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Page %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The number of screens exceeds the limit!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Taking,please wait...</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+</TS>
