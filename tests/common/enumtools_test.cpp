@@ -1,4 +1,5 @@
 #include <quorixbizmodel/quorixbizmodel.h>
+#include <quorixprotomodel/device.h>
 
 #include <gtest/gtest.h>
 
@@ -18,6 +19,13 @@ TEST(EnumTools, CombinedKindsMatchEachOfTheirMembers) {
     EXPECT_FALSE(hasAnyBit(InterfaceType::Invalid, InterfaceType::Output));
     EXPECT_FALSE(hasAnyBit(0, LayerType::AllLayerType));
     EXPECT_TRUE(hasAnyBit(-1, LayerType::Cut));
+}
+
+TEST(RecordDefaults, AgreeWithTheModelsConstants) {
+    using namespace Quorix::ProtoModel::Device;
+    EXPECT_EQ(s_DeviceDetail{}.interfaceMapping.testPattern.type, std::int32_t{Constants::testLoctionKey});
+    EXPECT_EQ(s_NetworkBody{}.ip, Constants::Device::defaultDeviceIP);
+    EXPECT_EQ(s_DeviceGroupInfoBody{}.groupId, Constants::Device::defaultDeviceGroupId.toStdString());
 }
 
 } // namespace

@@ -5,7 +5,9 @@
 #include <quorixbizmodel/capability/deviceconfigmanager.h>
 #include <quorixbizmodel/capability/quorixbizstruct.h>
 #include <quorixbizmodel/common/enumtools.h>
+#include <quorixbizmodel/common/helper.h>
 #include <quorixbizmodel/common/quorixbizconstants.h>
 #include <quorixbizmodel/common/quorixbizenum.h>
+#include <quorixbizmodel/common/textdata.h>
 
 #endif
