@@ -1,0 +1,166 @@
+#!/usr/bin/env python3
+"""Writes the sample reports in reports/: a small chassis, a studio and a full rack. Every run gives the same files."""
+import sys
+
+sys.dont_write_bytecode = True                  # leave no cache beside the data
+from report_builder import *
+
+BOUND = {"enable": 1, "isBinding": 1}           # a cut layer tied to its fill layer
+
+
+def inputs(*positions):
+    return [(FROM_INPUT, position) for position in positions]
+
+
+def birch_mini():
+    report = Report(29964, "Foyer", "192.168.0.11", 0x01010000, 0x000B01)
+    report.card(0, 30464, idle=(3,)).card(1, 30473, modes={1: (1920, 1200, 60)}).card(2, 30528).card(3, 30533)
+    wall = report.screen("Screen 1", [(2, 0), (2, 1)], columns=2, selected=1)
+    desk = report.screen("Screen 2", [(3, 0)], columns=1)
+    for scene in (PGM, PVW):
+        report.layer(wall, scene, (FROM_INPUT, (0, 0)))
+        report.layer(wall, scene, (FROM_INPUT, (1, 0)), (2400, 60, 1280, 720), border=border(0, 4, (255, 255, 255)))
+    report.layer(desk, PVW, (FROM_INPUT, (0, 1)))
+    report.layer(desk, PGM, (FROM_INPUT, (1, 1)), (320, 180, 1280, 720), zoom=(50000, 50000, 25000, 25000))
+    report.write("birch-mini", sparsely=True)
+
+
+def alder():
+    report = Report(29953, "Studio A", "192.168.0.12", 0x03020001, 0x000A17)
+    report.card(0, 30464, modes={2: (1024, 768, 60)}).card(1, 30465, idle=(2, 3), modes={1: (1920, 1080, 59.94)})
+    report.card(2, 30471, g0=(DL, 0)).card(3, 30470).card(4, 30469, g0=(UHD, 0)).card(5, 30466, online=0)
+    report.card(6, 30529).card(7, 30529, g0=(DL, 0)).card(8, 30530, g0=(UHD, 0)).card(10, 30531)
+    report.card(11, 30535, mvr=True).card(12, 30600).card(13, 30592)
+    report.detail["groupInfos"] = [{"groupName": "Studios", "groupId": "1"}]
+    report.image(0, 0, "BKG-1", 64, 36, (255, 96, 32))
+
+    wall = report.screen("Screen 1", [(6, port) for port in range(4)], 2, splice=8, selected=1, tbar={"percent": 40})
+    banner = report.screen("Screen 2", [(7, 0), (7, 2)], columns=1, splice=8)
+    stage = report.screen("舞台", [(8, 0)], columns=1, splice=8, freeze=1)
+    host = report.screen("AuxScreen 1", [(11, 2)], columns=1, kind=AUX_SCREEN)
+    record = report.screen("AuxScreen 2", [(12, 0), (12, 1)], columns=2, kind=AUX_SCREEN)
+    monitor = report.screen("MVR 1", [(11, 0)], columns=1, kind=MVR_SCREEN)
+
+    for scene in (PGM, PVW):
+        report.layer(wall, scene, (FROM_BKG, 0), kind=BACKGROUND)
+        report.layer(wall, scene, (FROM_INPUT, (4, 0)))
+        report.layer(banner, scene, (FROM_INPUT, (2, 0)), (0, 0, 3840, 1080))
+        report.layer(stage, scene, (FROM_INPUT, (4, 0)))
+    report.layer(wall, PVW, (FROM_INPUT, (0, 0)), (2240, 120, 1440, 810), selected=1,
+                 border=border(3, 16, (32, 160, 255)))
+    report.layer(wall, PVW, (FROM_INPUT, (0, 1)), (160, 1320, 1280, 720), cutFill=BOUND)
+    report.layer(wall, PVW, (FROM_INPUT, (0, 2)), (160, 1320, 1280, 720), kind=CUT, cutFill=BOUND)
+    report.layer(banner, PVW, (FROM_INPUT, (3, 0)), (0, 1080, 1920, 1080), opacity=60)
+    report.layer(banner, PVW, (FROM_INPUT, (5, 0)), (1920, 1080, 1920, 1080))
+    report.layer(host, PGM, (FROM_PGM, 0), kind=AUX)
+    report.layer(record, PGM, (FROM_INPUT, (1, 0)), kind=AUX)
+    label = {"index": 0, "enable": 1, "color": {"foregroundColor": rgb(178, 178, 178, opacity=100),
+                                                "backgroundColor": rgb(0, 0, 0, opacity=100)}}
+    frames = {FROM_INPUT: (48, 107, 178), FROM_PGM: (192, 36, 37), FROM_PVW: (18, 134, 2)}
+    pictures = [(FROM_PGM, 0), (FROM_PVW, 0), (FROM_PGM, 1)] + inputs((0, 0), (1, 0), (4, 0))
+    for cell, picture in zip(tiles((0, 0, 1920, 1080), 3, 2), pictures):
+        report.layer(monitor, PGM, picture, cell, kind=MVR, border=border(0, 2, frames[picture[0]]), UMD=[label])
+    report.backup(((0, 0), (0, 1)))
+    report.preset(1, [wall, banner])
+    report.write("alder")
+
+
+def alder_max():
+    report = Report(29959, "主会场", "192.168.0.20", 0x04030002, 0x00AA01)
+    # The last port of the third card receives more than a single link can take: an overload.
+    report.card(0, 30464).card(1, 30464, g0=(DL, 1))
+    report.card(2, 30465, modes={3: (2560, 1440, 60)}).card(3, 30465, idle=(3,))
+    report.card(4, 30466, modes={1: (1920, 1080, 50), 2: (1280, 720, 50)}).card(5, 30467, g0=(SL, 2), idle=(3,))
+    report.card(6, 30469, g0=(UHD, 0), g1=(UHD, 0), g2=(DL, 0), modes={1: (3840, 2160, 30), 2: (2560, 1600, 60)})
+    report.card(7, 30468, g0=(UHD, 0)).card(8, 30474, g1=(UHD, 1)).card(9, 30472, g0=(DL, 0))
+    report.card(10, 30473, g0=(UHD, 0)).card(11, 30476, idle=(1,))
+    for slot, model in ((12, 30529), (13, 30529), (14, 30529), (15, 30534), (16, 30532), (20, 30533)):
+        report.card(slot, model)
+    report.card(17, 30528, g0=(SL, 1))
+    report.card(18, 30530, g0=(UHD, 0), g1=(UHD, 0)).card(19, 30531, g0=(UHD, 0), g1=(UHD, 0))
+    report.card(21, 30528, mvr=True).card(22, 30600).card(23, 30601)
+    report.detail["powers"].append({"powerId": 1, "iSignal": 1, "status": 1})
+    report.detail["groupInfos"] = [{"groupName": "Studios", "groupId": "1"}]
+    report.detail["genlock"] = {"type": 2, "interfaceId": packed(4, 0)}
+    report.detail["genlockSignal"] = {"extSignalIn": 1, "status": 2}
+    report.interfaces[packed(6, 0)]["HDR"] = hdr(255, 255, actual=1)
+    report.interfaces[packed(2, 1)]["crop"] = crop(enable=1, width=80000, height=80000, x=10000, y=10000)
+    report.image(0, 0, "BKG-1", 64, 36, (255, 96, 32))
+    report.image(0, 1, "BKG-2", 64, 36, (32, 192, 255))
+    report.image(2, 0, "LOGO-1", 64, 64, (64, 255, 64))
+
+    ports = range(4)
+    rows = [(slot, port) for slot in (12, 13, 14) for port in ports]
+    wall = report.screen("Main Wall", rows, columns=4, splice=4, selected=1)
+    stage = report.screen("Stage Blend", [(15, port) for port in ports], columns=4, splice=8, overlap=192)
+    side = report.screen("Side Wall", [(16, port) for port in ports], columns=2, splice=4, selected=1)
+    banner = report.screen("LED Banner", [(18, 0), (18, 1)], columns=2, splice=4)
+    tower = report.screen("灯塔", [(19, 0), (19, 2)], columns=1, splice=4, testPattern=pattern(7, enable=1))
+    desk = report.screen("Confidence", [(17, 0), (17, 2)], columns=2, splice=4)
+    lobby = report.screen("Lobby", [(20, 0)], columns=1, splice=8)
+    front = report.screen("AuxScreen 1", [(21, 1)], columns=1, kind=AUX_SCREEN)
+    record = report.screen("AuxScreen 2", [(22, 0), (22, 1)], columns=2, kind=AUX_SCREEN)
+    stream = report.screen("AuxScreen 3", [(23, 0)], columns=1, kind=AUX_SCREEN)
+    monitor = report.screen("MVR 1", [(21, 0)], columns=1, kind=MVR_SCREEN)
+    middle = report.screens[lobby]              # an area of interest: the screen has only the middle of its output
+    middle["mosaic"]["outputs"][0]["crop"] = middle["mosaic"]["window"] = rect(240, 0, 1440, 1080)
+    middle["physicalSize"]["width"] = 1440
+
+    # On air the wall has a 4K picture at the left and eight small ones round it; PVW has a full grid with an overlay.
+    report.layer(wall, PGM, (FROM_BKG, 0), kind=BACKGROUND)
+    report.layer(wall, PGM, (FROM_INPUT, (6, 0)), (0, 0, 3840, 2160), border=border(1, 8, (255, 255, 255)))
+    cells = tiles((3840, 0, 3840, 2160), 2, 2, gap=20) + tiles((0, 2160, 7680, 1080), 4, 1, gap=20)
+    for cell, picture in zip(cells, inputs((0, 0), (0, 1), (0, 2), (0, 3), (2, 0), (2, 1), (2, 2), (3, 0))):
+        report.layer(wall, PGM, picture, cell)
+    report.layer(wall, PGM, (FROM_LOGO, 0), (7560, 40, 64, 64), kind=LOGO)
+    report.layer(wall, PVW, (FROM_BKG, 1), kind=BACKGROUND)
+    pictures = inputs(*((slot, port) for slot in (0, 2, 4) for port in ports))
+    for cell, picture in zip(tiles((0, 0, 7680, 3240), 4, 3), pictures):
+        report.layer(wall, PVW, picture, cell)
+    report.layer(wall, PVW, (FROM_INPUT, (9, 0)), (2880, 1200, 1920, 840), zoom=(50000, 100000, 25000, 0), selected=1,
+                 border=border(4, 24, (255, 200, 0)),
+                 mask={"enable": 1, "left": 16, "right": 16, "top": 0, "bottom": 0})
+    width = report.screens[stage]["mosaic"]["window"]["width"]
+    pairs = ((banner, 2, 1, (7, 0), (8, 3)), (tower, 1, 2, (10, 0), (6, 1)), (desk, 2, 1, (8, 0), (8, 1)))
+    for scene in (PGM, PVW):
+        report.layer(stage, scene, (FROM_INPUT, (1, 0)))
+        for cell, picture in zip(tiles((0, 0, width, 1080), 3, 1, gap=90), inputs((5, 0), (5, 1), (11, 0))):
+            report.layer(stage, scene, picture, cell, opacity=80)
+        for cell, picture in zip(tiles((0, 0, 3840, 2160), 2, 2), inputs((4, 0), (4, 1), (7, 2), (7, 3))):
+            report.layer(side, scene, picture, cell)
+        for screen, columns, rows, *pair in pairs:
+            window = tuple(report.screens[screen]["mosaic"]["window"].values())
+            for cell, picture in zip(tiles(window, columns, rows), inputs(*pair)):
+                report.layer(screen, scene, picture, cell)
+        report.layer(lobby, scene, (FROM_INPUT, (11, 2)))
+        report.layer(record, scene, (FROM_INPUT, (3, 1)), kind=AUX)
+    report.layer(side, PVW, (FROM_INPUT, (11, 3)), (1280, 720, 1280, 720), cutFill=BOUND)
+    report.layer(side, PVW, (FROM_INPUT, (3, 2)), (1280, 720, 1280, 720), kind=CUT, cutFill=BOUND)
+    report.layer(front, PGM, (FROM_PGM, desk[1]), kind=AUX)
+    report.layer(stream, PGM, (FROM_INPUT, (3, 2)), kind=AUX)
+    pictures = [(FROM_PGM, wall[1]), (FROM_PVW, wall[1]), (FROM_PGM, stage[1])]
+    pictures += inputs((2, 0), (4, 0), (6, 0), (9, 2), (10, 1), (11, 0))
+    for cell, picture in zip(tiles((0, 0, 1920, 1080), 3, 3), pictures):
+        report.layer(monitor, PGM, picture, cell, kind=MVR, border=border(0, 2, (48, 107, 178)))
+
+    report.backup(((0, 0), (0, 1)), ((4, 0), (4, 1)), ((6, 0), (6, 1)))
+    report.preset(1, [wall])
+    report.preset(2, [stage, side, banner], scene=PGM)
+    parts = ("Sources", "CutFill", "Flip", "Border", "Mask", "Rect", "Pos", "Color", "InputCrop", "NoSourceLayer",
+             "NoSourceLayerColor")
+    applied = {f"bLayer{part}Body": int(part in ("Border", "Mask", "Rect")) for part in parts}
+    for identity, key in ((1, side + (4, REGULAR, PVW)), (2, wall + (12, REGULAR, PVW))):
+        report.file(18, identity, f"User Key00{identity}", {
+            "layerFullDetail": report.layers[key], "cutLayerFullDetail": report.layers[side + (4, CUT, PVW)],
+            "name": f"User Key00{identity}", "userKeyId": identity, "userKeyColor": identity, **applied})
+    shown = [{"screenId": screen, "screenType": kind} for kind, screen in (wall, side)]
+    loaded = {"lastPVWPreset": 1, "lastPGMPreset": 2, "pvwScn": shown, "pgmScn": shown}
+    buttons = [{"modelId": key, "modelType": 1, "buttonId": key, "buttonColor": key % 4} for key in range(1, 9)]
+    report.file(12, 0, "Keypad", {"presetInfo": loaded, "keypadArray": buttons})
+    report.write("alder-max")
+
+
+if __name__ == "__main__":
+    birch_mini()
+    alder()
+    alder_max()
