@@ -157,7 +157,7 @@ SCREEN_LOOK = {"imageQuality": quality(), "freeze": 0, "FTB": {"enable": 0, "tim
 USUAL = LAYER_LOOK | {"colorRanges": {"actualColorRange": 0, "presetColorRange": 255}, "testPattern": pattern(),
                       "crop": crop(), "cutFill": NO_CUT_FILL, "selected": 0, "freeze": 0, "formatMapping": 0,
                       "HDR": hdr(255, 255), "actualTiming": timing(None), "cutoutGeneral": CUTOUT, "PGMEdit": 0,
-                      "backgroundColor": rgb(50, 50, 50)}
+                      "backgroundColor": rgb(50, 50, 50), "testColor": {"enable": 0, **rgb(50, 50, 50)}}
 
 
 class Report:
