@@ -3,6 +3,7 @@
 #define QUORIXBIZMODEL_H
 
 #include <quorixbizmodel/capability/deviceconfigmanager.h>
+#include <quorixbizmodel/capability/interfaceconfig.h>
 #include <quorixbizmodel/capability/quorixbizstruct.h>
 #include <quorixbizmodel/common/enumtools.h>
 #include <quorixbizmodel/common/helper.h>

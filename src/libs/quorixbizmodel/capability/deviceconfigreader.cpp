@@ -156,11 +156,6 @@ constexpr Attribute<s_TimeOutConfig> kTimeOutAttributes[] = {
     {Constants::FUNCTION_CODE, "0", put<&s_TimeOutConfig::FunctionCode>},
 };
 
-template <auto Member>
-bool texts(s_DeviceConfig &config, const QDomElement &element, Context &context) {
-    return text<Member, Context>(config, element, context);
-}
-
 /// An element that is read into a record within the device's: attributes alone.
 template <auto Member, const auto &Rows>
 bool attributes(s_DeviceConfig &config, const QDomElement &element, Context &) {
@@ -254,10 +249,10 @@ bool readScreens(s_DeviceConfig &config, const QDomElement &element, Context &co
 /// Read in this order, which decides the reason that a file with several mistakes gives.
 constexpr Child kDeviceChildren[] = {
     {"ModelID", Presence::Required, readModel},
-    {"BackplaneModelId", Presence::Required, texts<&s_DeviceConfig::BackplaneModelId>},
+    {"BackplaneModelId", Presence::Required, text<&s_DeviceConfig::BackplaneModelId>},
     {"Sections", Presence::Optional, readSections},
     {"UpgradeVersions", Presence::Optional, readUpgradeVersions},
-    {"SubCardDirection", Presence::Optional, texts<&s_DeviceConfig::SubCardDirection>},
+    {"SubCardDirection", Presence::Optional, text<&s_DeviceConfig::SubCardDirection>},
     {"InputCards", Presence::Required, readSlots<kInputSlotAttributes, &s_DeviceConfig::appendInputCards>},
     {"OutputCards", Presence::Required, readSlots<kOutputSlotAttributes, &s_DeviceConfig::appendOutputCards>},
     {"ExpCards", Presence::Optional, readSlots<kExpSlotAttributes, &s_DeviceConfig::appendExpCards>},
