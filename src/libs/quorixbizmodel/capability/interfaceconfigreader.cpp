@@ -22,7 +22,7 @@ QString invalidNode(const char *tag) { return Config::tr("Invalid [%1] node.").a
 struct Context {
     QString &errMsg;
     const QList<Config::s_ConnectorInfo> &types; ///< the connector types read so far
-    QString detail;                              ///< why an element failed
+    QString detail = {};                         ///< why an element failed
     quint8 capacityGroup = 0;                    ///< value of the group being read
     void missing(const char *tag) { detail = invalidNode(tag); }
 };

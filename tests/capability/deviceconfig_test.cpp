@@ -1,0 +1,406 @@
+#include "config_files.h"
+
+#include <quorixbizmodel/capability/deviceconfigmanager.h>
+#include <quorixbizmodel/common/enumtools.h>
+
+#include <QCoreApplication>
+#include <QVariant>
+
+#include <thread>
+
+using namespace Quorix::BizModel;
+
+namespace {
+
+const QByteArray kDevice = R"(<Quorix version="1.0">
+<Name Icon="elm_icon" SlotCount="9"><en>Elm</en></Name>
+<ModelID>100</ModelID>
+<BackplaneModelId>200</BackplaneModelId>
+<Sections><A Name="Main" Type="3" Code="7" CompatibilityCode="8" Visible="1"/><!-- none --><B Code="9"/></Sections>
+<UpgradeVersions><V Version="V1" Type="257"/></UpgradeVersions>
+<SubCardDirection>2</SubCardDirection>
+<InputCards SlotCount="4" StartSlotIndex="2">
+  <Card ModelID="11" Enable="1"><Name><en>First</en><zh_CN>Eins</zh_CN></Name></Card>
+  <Card ModelID="11"><Name><en>Second</en></Name></Card>
+  <Card ModelID="12"><Name><en>English</en></Name></Card>
+</InputCards>
+<OutputCards SlotCount="2" StartSlotIndex="6"><Card ModelID="21"><Name><en>Out</en></Name></Card></OutputCards>
+<ExpCards SlotCount="3" StartSlotIndex="5"><Card ModelID="31"><Name><en>Link</en></Name></Card></ExpCards>
+<MvrCards><Card ModelID="41"><Name><en>View</en></Name></Card></MvrCards>
+<Screens>
+  <MainScreens/>
+  <MvrScreens><S ConnectorIndex="1" SlotIndex="6"/><S ConnectorIndex="1" SlotIndex="6"/><S SlotIndex="6"/></MvrScreens>
+  <AuxScreens><S ConnectorIndex="2" SlotIndex="7"/><S ConnectorIndex="2" SlotIndex="7"/></AuxScreens>
+</Screens>
+</Quorix>)";
+
+const QByteArray kTimeOuts = R"(<Quorix><ModelID>100</ModelID><DefaultTimeOut>9000</DefaultTimeOut>
+<TimeOuts><T Bc="2" Fc="3">500</T><T Bc="2" Fc="4">600</T></TimeOuts></Quorix>)";
+
+struct DeviceConfigTest : testing::Test {
+    ~DeviceConfigTest() override { DeviceConfigManager::destroyInstance(); }
+
+    /// The record of a device file's text; the test fails if it doesn't read.
+    DeviceConfig read(const QByteArray &xml) {
+        QString errMsg;
+        EXPECT_TRUE(manager->readDeviceConfig(xml, errMsg)) << errMsg.toStdString();
+        return manager->DeviceConfigs().isEmpty() ? DeviceConfig() : manager->DeviceConfigs().last();
+    }
+
+    DeviceConfigManager *manager = DeviceConfigManager::instance();
+};
+
+using Get = int (*)(const DeviceConfig &);
+#define FIELD(expression) [](const DeviceConfig &c) { return static_cast<int>(c.expression); }
+
+TEST_F(DeviceConfigTest, AttributesGoToTheirFields) {
+    const struct {
+        const char *tag, *attribute;
+        int absent, three; // the field without the attribute, and with a 3
+        Get get;
+    } rows[] = {
+        {"ModelID", "IsSupportCancelProcess", 0, 1, FIELD(IsSupportCancelProcess)},
+        {"ModelID", "IsSupportPeripheral", 0, 1, FIELD(IsSupportPeripheral)},
+        {"ModelID", "IsSupportCutFill", 0, 1, FIELD(IsSupportCutFill)},
+        {"ModelID", "IsRestoreKeepUserData", 0, 1, FIELD(IsRestoreKeepUserData)},
+        {"ModelID", "IsSupportSoftShutdown", 0, 1, FIELD(IsSupportSoftShutdown)},
+        {"ModelID", "IsSupportSoftRestart", 0, 1, FIELD(IsSupportSoftRestart)},
+        {"ModelID", "IsSupportDeviceSelfTest", 0, 1, FIELD(IsSupportDeviceSelfTest)},
+        {"ModelID", "IsSupportProjectFile", 0, 1, FIELD(IsSupportProjectFile)},
+        {"ModelID", "IsSupportEDIDImportExport", 0, 1, FIELD(IsSupportEDIDImportExport)},
+        {"ModelID", "IsSupportPresetLoadToPGM", 0, 1, FIELD(IsSupportPresetLoadToPGM)},
+        {"ModelID", "ProjectFileType", 0, 1, FIELD(ProjectFileType)},
+        {"ModelID", "IsSupportFactoryResetAutoRestart", 0, 1, FIELD(IsSupportFactoryResetAutoRestart)},
+        {"ModelID", "UpgradeType", 0, 3, FIELD(UpgradeType)},
+        {"ModelID", "CPUType", 0, 3, FIELD(CPUType)},
+        {"ModelID", "Ethernet", 0, 3, FIELD(EthernetType)},
+        {"MainScreens", "MaxScreenCount", 0, 3, FIELD(MainScreenCfg.MaxScreenCount)},
+        {"MainScreens", "MaxLayerCount", 0, 3, FIELD(MainScreenCfg.MaxLayerCount)},
+        {"MainScreens", "PGMLayerOffset", 0, 3, FIELD(MainScreenCfg.PGMLayerOffset)},
+        {"MainScreens", "IsSupportPGMFreeze", 0, 1, FIELD(MainScreenCfg.IsSupportPGMFreeze)},
+        {"MainScreens", "IsSupportProjectionFusion", 0, 1, FIELD(MainScreenCfg.IsSupportProjectionFusion)},
+        {"MainScreens", "IsSupportVirtualScreen", 0, 1, FIELD(MainScreenCfg.IsSupportVirtualScreen)},
+        {"MainScreens", "IsSupportOutputZOrder", 0, 1, FIELD(MainScreenCfg.IsSupportOutputZOrder)},
+        {"MainScreens", "IsSupportIncompleteSplicing", 0, 1, FIELD(MainScreenCfg.IsSupportIncompleteSplicing)},
+        {"MainScreens", "SpliceMode", 2, 3, FIELD(MainScreenCfg.ScreenSpliceMode)},
+        {"Layer", "IsSupportMonoColor", 0, 1, FIELD(MainScreenCfg.MainLayerCfg.IsSupportMonoColor)},
+        {"Layer", "IsSupportReverseColor", 0, 1, FIELD(MainScreenCfg.MainLayerCfg.IsSupportReverseColor)},
+        {"Layer", "IsSupportFlip", 0, 1, FIELD(MainScreenCfg.MainLayerCfg.IsSupportFlip)},
+        {"Layer", "IsSupportMask", 0, 1, FIELD(MainScreenCfg.MainLayerCfg.IsSupportMask)},
+        {"Layer", "IsSupportIntercept", 0, 1, FIELD(MainScreenCfg.MainLayerCfg.IsSupportIntercept)},
+        {"Layer", "IsSupportFreeze", 0, 1, FIELD(MainScreenCfg.MainLayerCfg.IsSupportFreeze)},
+        {"Layer", "IsSupportBroder", 0, 1, FIELD(MainScreenCfg.MainLayerCfg.IsSupportBorder)},
+        {"MvrScreens", "IsSupport", 0, 1, FIELD(MVRScreensCfg.IsSupport)},
+        {"MvrScreens", "IsManualSwitch", 0, 0, FIELD(MVRScreensCfg.IsManualSwitch)},
+        {"MvrScreens", "OpenState", 0, 3, FIELD(MVRScreensCfg.OpenState)},
+        {"MvrScreens", "SlotCount", 0, 3, FIELD(MVRScreensCfg.SlotCount)},
+        {"MvrScreens", "StartSlotIndex", 255, 3, FIELD(MVRScreensCfg.StartSlotIndex)},
+        {"MvrScreens", "IsSupportIncompleteSplicing", 0, 1, FIELD(MVRScreensCfg.IsSupportIncompleteSplicing)},
+        {"MvrScreens", "SpliceMode", 2, 3, FIELD(MVRScreensCfg.ScreenSpliceMode)},
+        {"AuxScreens", "IsSupport", 0, 1, FIELD(AuxSceensCfg.IsSupport)},
+        {"AuxScreens", "IsManualSwitch", 0, 0, FIELD(AuxSceensCfg.IsManualSwitch)},
+        {"AuxScreens", "OpenState", 0, 3, FIELD(AuxSceensCfg.OpenState)},
+        {"AuxScreens", "SlotCount", 0, 3, FIELD(AuxSceensCfg.SlotCount)},
+        {"AuxScreens", "StartSlotIndex", 255, 3, FIELD(AuxSceensCfg.StartSlotIndex)},
+        {"AuxScreens", "IsSupportIncompleteSplicing", 0, 1, FIELD(AuxSceensCfg.IsSupportIncompleteSplicing)},
+        {"AuxScreens", "SpliceMode", 2, 3, FIELD(AuxSceensCfg.ScreenSpliceMode)},
+        {"AuxScreens", "MaxAUXLayerCount", 0, 3, FIELD(AuxSceensCfg.MaxAUXLayerCount)},
+        {"AuxScreens", "MaxAUXScreenCount", 0, 3, FIELD(AuxSceensCfg.MaxAUXScreenCount)},
+        {"AuxScreens", "IsEXPSlotSupport", 0, 1, FIELD(AuxSceensCfg.IsEXPSlotSupport)},
+        {"EchoVideo", "PCVideoType", 0, 3, FIELD(EchoVideoCfg.PCVideoSourceType)},
+        {"EchoVideo", "ECVideoType", 0, 3, FIELD(EchoVideoCfg.ECVideoSourceType)},
+        {"EchoVideo", "RemotePort", 0, 3, FIELD(EchoVideoCfg.RemotePort)},
+        {"EchoVideo", "SlotIndex", 0, 3, FIELD(EchoVideoCfg.SlotIndex)},
+        {"EchoVideo", "ConnectorIndex", 0, 3, FIELD(EchoVideoCfg.ConnectorIndex)},
+        {"EchoVideo", "FPS", 15, 3, FIELD(EchoVideoCfg.FPS)},
+        {"Input", "IsSupportCutout", 0, 1, FIELD(InputCfg.IsSupportCutout)},
+        {"Input", "IsSupportHDCP", 0, 1, FIELD(InputCfg.IsSupportHDCP)},
+        {"MvrLayer", "AntishakeOffset", 0, 3, FIELD(MvrLayerCfg.AntishakeOffset)},
+        {"Output", "IsSupportVPU", 0, 1, FIELD(OutputCfg.IsSupportVPU)},
+        {"Output", "IsSupportAOI", 0, 1, FIELD(OutputCfg.IsSupportAOI)},
+        {"Output", "IsSupportHDCP", 0, 1, FIELD(OutputCfg.IsSupportHDCP)},
+    };
+    const QByteArray device = edited(edited(kDevice, "<MainScreens/>", "<MainScreens><Layer/></MainScreens>"),
+                                     "</Screens>", "</Screens><EchoVideo/><Input/><MvrLayer/><Output/>");
+    const DeviceConfig without = read(device);
+    for (const auto &row : rows) {
+        const QByteArray open = QByteArray("<") + row.tag;
+        const QByteArray end = device.contains(open + "/>") ? "/>" : ">";
+        const DeviceConfig with = read(edited(device, open + end, open + ' ' + row.attribute + "=\"3\"" + end));
+        EXPECT_EQ(row.get(without), row.absent) << row.tag << ' ' << row.attribute;
+        EXPECT_EQ(row.get(with), row.three) << row.tag << ' ' << row.attribute;
+    }
+}
+
+TEST_F(DeviceConfigTest, ElementsGoToTheirFields) {
+    const DeviceConfig c = read(kDevice);
+    EXPECT_EQ(c.Name, "Elm");
+    EXPECT_EQ(c.IconName, "elm_icon");
+    EXPECT_EQ(read(edited(kDevice, "Icon=\"elm_icon\"", "")).IconName, "Elm");
+    const struct {
+        int is, wanted;
+    } numbers[] = {
+        {c.SlotCount, 9},
+        {c.ModelID, 100},
+        {c.BackplaneModelId, 200},
+        {c.InputSlotCount, 4},
+        {c.InputSlotStartIndex, 2},
+        {c.OutputSlotCount, 2},
+        {c.ExpSlotCount, 3},
+        {c.ExpSlotStartIndex, 5},
+        {c.OutputSlotStartIndex, 6},
+        {c.AuxSlotCount, 0},
+        {c.AuxSlotStartIndex, 255},
+        {toInt(c.SubCardDirection), 2},
+        {c.upgradeCfgs.size(), 2},
+        {c.upgradeCfgs[0].type, 3},
+        {c.upgradeCfgs[0].compatibilityCode, 8},
+        {c.upgradeCfgs[0].visible, 1},
+        {c.upgradeCfgs[1].visible, 0},
+        {c.UpgradeVersions["V1"], 1},
+        {c.findCodeBySectionName("Main"), 7},
+        {c.findCodeBySectionName("None"), -1},
+        {c.InputCfg.IsSupportCutout, 1},
+        {c.OutputCfg.IsSupportVPU, 1}, // true without their elements
+        {c.EchoVideoCfg.SlotIndex, 255},
+        {c.MaxPresetCount, 240},
+    };
+    for (const auto &number : numbers)
+        EXPECT_EQ(number.is, number.wanted) << "row " << &number - numbers;
+    EXPECT_EQ(c.findSectionNameByCode(7), "Main");
+
+    // What stands in a list already is dropped.
+    ASSERT_EQ(c.InputCards().size(), 2);
+    EXPECT_EQ(c.InputCards()[0].m_LanguageForName["en"], "First");
+    EXPECT_TRUE(c.InputCards()[0].m_bEnable);
+    EXPECT_TRUE(c.InputCards()[1].m_LanguageForName.contains("zh_CN")); // absent in the file: stored empty
+    EXPECT_EQ(c.MVRScreensCfg.mvrScreenConfigs(), (QList<MVRScreenConfig>{{1, 6}, {255, 6}}));
+    EXPECT_EQ(c.AuxSceensCfg.auxScreenConfigs(), (QList<AuxScreenConfig>{{2, 7}}));
+    EXPECT_EQ(DeviceConfig::findSubCardByModelId(c.MvrCards(), 41), &c.mvrCards.at(0));
+    EXPECT_EQ(DeviceConfig::findSubCardByModelId(c.MvrCards(), 42), nullptr);
+}
+
+TEST_F(DeviceConfigTest, Numbers) {
+    const struct {
+        const char *text;
+        int wanted; // of an 8-bit field that is 255 when absent
+    } rows[] = {
+        {"7", 7},    {" 7\n", 7}, {"+7", 7},   {"007", 7},        {"", 0},
+        {"x", 0},    {"7x", 0},   {"0x10", 0}, {"7.0", 0},        {"1,000", 0},
+        {"-1", 255}, {"300", 44}, {"+-1", 0},  {"4294967303", 7}, {"99999999999999999999", 0},
+    };
+    for (const auto &row : rows)
+        EXPECT_EQ(read(edited(kDevice, "StartSlotIndex=\"2\"", QByteArray("StartSlotIndex=\"") + row.text + '"'))
+                      .InputSlotStartIndex,
+                  row.wanted)
+            << row.text;
+    EXPECT_TRUE(
+        read(edited(kDevice, "<MvrScreens>", "<MvrScreens IsManualSwitch=\"0\">")).MVRScreensCfg.IsManualSwitch);
+}
+
+TEST_F(DeviceConfigTest, BadDeviceFiles) {
+    const struct {
+        const char *from, *to, *errMsg;
+    } rows[] = {
+        {"</Quorix>", "", "Parse error at line 21, column 1:\nunexpected end of file"},
+        {"version=\"1.0\"", "version=\"1.00\"",
+         "The file is not a valid configuration file of version 1.0 for device."},
+        {"version=\"1.0\"", "version=\"\"", "The file is not a valid configuration file of version 1.0 for device."},
+        {"<en>Elm</en>", "", "Invalid [en] node."},
+        {"<ModelID>100</ModelID>", "", "Elm Invalid [ModelID] node."},
+        {"<BackplaneModelId>200</BackplaneModelId>", "", "Elm Invalid [BackplaneModelId] node."},
+
+        {"<MainScreens/>", "", "Elm Invalid [MainScreens] node."},
+        // A bad card speaks before a later element that is missing, and without the model's name.
+
+        {"<Name><en>Second</en></Name>", "", "Invalid [Name] node."},
+        {"<Name><en>Link</en></Name>", "", "Invalid [Name] node."},
+        {"<Name><en>View</en></Name>", "", "Invalid [Name] node."},
+    };
+    for (const auto &row : rows) {
+        QString errMsg;
+        EXPECT_FALSE(manager->readDeviceConfig(edited(kDevice, row.from, row.to), errMsg)) << row.from;
+        EXPECT_THAT(errMsg.toStdString(), testing::StartsWith(row.errMsg)) << row.from;
+    }
+    for (const char *tag : {"InputCards", "OutputCards", "Screens", "MvrScreens", "AuxScreens"}) {
+        QByteArray without = kDevice;
+        without.replace(QByteArray("<") + tag, "<Other").replace(QByteArray("</") + tag, "</Other");
+        QString errMsg;
+        EXPECT_FALSE(manager->readDeviceConfig(without, errMsg));
+        EXPECT_EQ(errMsg, QStringLiteral("Elm Invalid [%1] node.").arg(tag));
+    }
+    QByteArray two = edited(kDevice, "<Name><en>Second</en></Name>", "");
+    two.replace("OutputCards", "Other");
+    QString errMsg;
+    EXPECT_FALSE(manager->readDeviceConfig(two, errMsg));
+    EXPECT_EQ(errMsg, "Invalid [Name] node."); // the order of the elements decides
+    EXPECT_FALSE(manager->readDeviceConfig("<quorix/>", errMsg));
+    EXPECT_EQ(errMsg, "The file is not a valid configuration file for device.");
+    EXPECT_TRUE(manager->DeviceConfigs().isEmpty());
+}
+
+TEST_F(DeviceConfigTest, HostileDocuments) {
+    const auto nested = [](int n) { return QByteArray("<a>").repeated(n) + QByteArray("</a>").repeated(n); };
+    const auto inDevice = [](const QByteArray &part) {
+        return edited(kDevice, "<UpgradeVersions>", part + "<UpgradeVersions>");
+    };
+    QByteArray attributes = "<a";
+    for (int i = 0; i < 100000; ++i)
+        attributes += " b" + QByteArray::number(i) + "='>'";
+    attributes += "/>";
+    const struct {
+        QByteArray xml;
+        const char *errMsg; // null: reads
+    } rows[] = {
+        {inDevice(nested(63)), nullptr},
+        {inDevice(nested(64)), "Parse error at line 6, column 192:\nelements are nested too deeply"},
+        {nested(1000000), "Parse error at line 1, column 195:\nelements are nested too deeply"},
+        {QByteArray("<a>").repeated(1000000), "Parse error at line 1, column 195:\nelements are nested too deeply"},
+        {inDevice(attributes), "Parse error at line 6, column"},
+        {"<!DOCTYPE Quorix>" + kDevice, nullptr},
+        {"<!DOCTYPE q [<!ELEMENT a " + QByteArray("(").repeated(1000000) + ">]>" + kDevice,
+         "Parse error at line 1, column 13:\ninternal document type definitions are not supported"},
+        {inDevice("<!--" + nested(100) + "--><![CDATA[" + nested(100) + "]]><?a " + nested(100) + "?>"), nullptr},
+        {inDevice("<a b=\"<\"/>"), "Parse error at line 6"},
+        {kDevice.left(200), "Parse error at line"},
+        {QByteArray(100, '\0'), "Parse error at line"},
+        {QByteArray(), "Parse error at line"},
+    };
+    for (const auto &row : rows) {
+        QString errMsg;
+        EXPECT_EQ(manager->readDeviceConfig(row.xml, errMsg), row.errMsg == nullptr) << "row " << &row - rows;
+        EXPECT_THAT(errMsg.toStdString(), testing::StartsWith(row.errMsg != nullptr ? row.errMsg : ""));
+    }
+}
+
+TEST_F(DeviceConfigTest, Folders) {
+    QString errMsg;
+    EXPECT_FALSE(manager->readConfig(QString(), errMsg));
+    EXPECT_EQ(errMsg, "Invalid file path!\n");
+
+    const ConfigDir dir;
+    const QString deep = dir.path() + "/not/yet";
+    EXPECT_TRUE(manager->readConfig(deep, errMsg)); // made, with its sub-folder; no file is no failure
+    EXPECT_TRUE(QFileInfo(deep + "/timeout").isDir());
+    EXPECT_EQ(manager->findDeviceConfigByID(100), nullptr);
+
+    // By name, whatever its case; neither folders nor other endings.
+    dir.write("b.xml", kDevice);
+    dir.write("A.xml", edited(kDevice, "<en>Elm</en>", "<en>Oak</en>"));
+    dir.write("c.xml/inner.xml", "no document");
+    dir.write("notes.txt", "no document");
+    dir.write("timeout/x.xml", kTimeOuts);
+    ASSERT_TRUE(manager->readConfig(dir.path(), errMsg)) << errMsg.toStdString();
+    EXPECT_EQ(manager->modelIdList(), (QList<unsigned short>{100, 100}));
+    const DeviceConfig *first = manager->findDeviceConfigByID(100);
+    EXPECT_EQ(first->Name, "Oak");
+    EXPECT_EQ(first->DefaultTimeOut, 9000U);
+    EXPECT_EQ(manager->DeviceConfigs()[1].DefaultTimeOut, 10000U); // the first record of a model takes the times
+    EXPECT_EQ(first->findTimeOutByBcAndFc(2, 4), 600U);
+    EXPECT_EQ(first->findTimeOutByBcAndFc(3, 4), 9000U);
+
+    const QString notAFolder = dir.path() + "/b.xml";
+    EXPECT_FALSE(manager->readConfig(notAFolder, errMsg));
+    EXPECT_EQ(errMsg, "Invalid file path!\n" + notAFolder);
+    dir.write("d.xml", "<Quorix/>");
+    EXPECT_FALSE(manager->readConfig(dir.path(), errMsg));
+    EXPECT_EQ(errMsg, "Invalid [en] node.");
+    EXPECT_EQ(manager->DeviceConfigs().size(), 4); // the files before the bad one stay, behind those of the first read
+    const ConfigDir blocked;
+    blocked.write("timeout", "a file");
+    EXPECT_FALSE(manager->readConfig(blocked.path(), errMsg));
+    EXPECT_EQ(errMsg, "Invalid file path!\n" + blocked.path() + "/timeout");
+}
+
+TEST_F(DeviceConfigTest, BadTimeOutFiles) {
+    const struct {
+        const char *from, *to, *errMsg;
+    } rows[] = {
+        {"<Quorix>", "<Quorix version='2'>", "The file is not a valid configuration file of version 1.0 for device."},
+        {"<ModelID>100</ModelID>", "", "t.xml Invalid [ModelID] node."},
+        {"<ModelID>100</ModelID>", "<ModelID>101</ModelID>", "DeviceConfig Not Find From ModelID:101"},
+        {"<DefaultTimeOut>9000</DefaultTimeOut>", "", "t.xml Invalid [DefaultTimeOut] node."},
+    };
+    for (const auto &row : rows) {
+        const ConfigDir dir;
+        dir.write("a.xml", kDevice);
+        dir.write("timeout/t.xml", edited(kTimeOuts, row.from, row.to));
+        QString errMsg;
+        EXPECT_FALSE(manager->readConfig(dir.path(), errMsg));
+        EXPECT_EQ(errMsg, row.errMsg);
+    }
+}
+
+TEST_F(DeviceConfigTest, RecordsKeepTheirAddresses) {
+    EXPECT_EQ(manager->initDeviceConfig(65535), nullptr);
+    DeviceConfig *first = manager->initDeviceConfig(1);
+    ASSERT_NE(first, nullptr);
+    EXPECT_TRUE(first->IsSupportCancelProcess);
+    EXPECT_EQ(toInt(first->MainScreenCfg.ScreenSpliceMode), 12);
+    const QList<DeviceConfig> copy = manager->DeviceConfigs();
+    for (quint16 id = 2; id < 300; ++id)
+        manager->initDeviceConfig(id);
+    EXPECT_NE(manager->initDeviceConfig(1), first); // no look whether there is one
+    EXPECT_EQ(manager->findDeviceConfigByID(1), first);
+    EXPECT_EQ(&manager->DeviceConfigs().first(), first);
+    EXPECT_NE(&copy.first(), first);
+}
+
+TEST_F(DeviceConfigTest, SlotsAndCards) {
+    read(kDevice); // expansion 5 to 7, input 2 to 5, output 6 to 7
+    read(edited(edited(kDevice, "<ModelID>100", "<ModelID>101"), "<ExpCards SlotCount=\"3\"",
+                "<ExpCards SlotCount=\"0\""));
+    const struct {
+        quint16 model;
+        quint8 slot;
+        const char *label;
+        quint16 card;
+        const char *name;
+    } rows[] = {
+        {100, 2, "In1", 11, "First"}, {100, 4, "In3", 12, "English"}, {100, 5, "EXP", 31, "Link"},
+        {100, 5, "EXP", 11, "First"}, // not in the first range's list: the next range is tried
+        {100, 6, "EXP", 11, ""},      {101, 6, "Out1", 21, "Out"},    {101, 7, "Out2", 11, ""},
+        {100, 1, "", 11, ""},         {100, 8, "", 21, ""},           {102, 2, "", 11, ""},
+        {100, 255, "", 21, ""},
+    };
+    for (const auto &row : rows) {
+        EXPECT_EQ(manager->subCardIndexInfo(row.model, row.slot), row.label) << int{row.slot};
+        EXPECT_EQ(manager->subCardName(row.model, row.card, row.slot), row.name) << int{row.slot};
+    }
+}
+
+TEST_F(DeviceConfigTest, CardNamesFollowTheApplicationsLanguage) {
+    using Names = QMap<QString, QString>;
+    const struct {
+        Names names;
+        const char *locale;
+        const char *wanted;
+    } rows[] = {
+        {{}, "en", ""},
+        {{{"en", "E"}, {"zh_CN", "C"}}, "zh_CN", "C"},
+        {{{"en", "E"}, {"zh_CN", "C"}}, "", "E"},
+        {{{"en", "E"}, {"zh_CN", "C"}}, "fr", "E"},
+        {{{"en", "E"}, {"zh_CN", ""}}, "zh_CN", ""}, // an empty text hides the English name
+        {{{"zh_CN", "C"}}, "fr", ""},
+    };
+    for (const auto &row : rows) {
+        qApp->setProperty("quorix_locale", row.locale);
+        s_SubCardConfig card;
+        card.m_LanguageForName = row.names;
+        EXPECT_EQ(card.CardName(), row.wanted) << row.locale;
+    }
+    qApp->setProperty("quorix_locale", QVariant());
+}
+
+TEST(DeviceConfigSingleton, ThreadsMeetAtOneInstance) {
+    std::vector<DeviceConfigManager *> seen(8);
+    std::vector<std::thread> threads;
+    for (auto &slot : seen)
+        threads.emplace_back([&slot] { slot = DeviceConfigManager::instance(); });
+    for (auto &thread : threads)
+        thread.join();
+    EXPECT_THAT(seen, testing::Each(DeviceConfigManager::instance()));
+    DeviceConfigManager::destroyInstance();
+}
+
+} // namespace
