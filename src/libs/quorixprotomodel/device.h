@@ -5,8 +5,8 @@
 
 #include <quorixprotomodel/protomodelbase.h>
 
-#include <compare>
 #include <string>
+#include <tuple>
 #include <utility>
 
 namespace Quorix::ProtoModel {
@@ -161,7 +161,11 @@ struct s_Relation {
             std::swap(interfaceA, interfaceB);
     }
     /// Orders by the fields as they stand above.
-    auto operator<=>(const s_Relation &) const = default;
+    bool operator<(const s_Relation &other) const {
+        return std::tie(type, interfaceA, interfaceB, actualInterface) <
+               std::tie(other.type, other.interfaceA, other.interfaceB, other.actualInterface);
+    }
+    bool operator==(const s_Relation &) const = default;
 };
 QUORIX_AJSON(s_Relation, type, interfaceA, interfaceB, actualInterface)
 using s_RelationArray = std::vector<s_Relation>;
