@@ -1,0 +1,38 @@
+/// Reading and setting fields under their lock, one line for each property.
+#ifndef QUORIXBIZMODEL_GUARDED_H
+#define QUORIXBIZMODEL_GUARDED_H
+
+#include <quorixbizmodel/common/guards.h>
+
+#include <type_traits>
+#include <utility>
+
+namespace Quorix::BizModel {
+
+/// Stores @p value in a field without a lock if it differs; true means: emit now.
+template <class T>
+[[nodiscard]] bool assign(T &field, std::type_identity_t<T> value) {
+    if (field == value)
+        return false;
+    field = std::move(value);
+    return true;
+}
+
+/// Stores @p value in @p field if it differs, under the write lock; true means: emit now. @p lock is free again on
+/// return. @p field is a plain member: an expression such as `m_list[i].x` would be evaluated before the lock is held.
+template <class T>
+[[nodiscard]] bool assign(QReadWriteLock &lock, T &field, std::type_identity_t<T> value) {
+    const WriteGuard guard(lock);
+    return assign(field, std::move(value));
+}
+
+/// A copy of @p field taken under the read lock.
+template <class T>
+[[nodiscard]] T copyOf(QReadWriteLock &lock, const T &field) {
+    const ReadGuard guard(lock);
+    return field;
+}
+
+} // namespace Quorix::BizModel
+
+#endif

@@ -1,0 +1,317 @@
+/// The mirror of one processor: everything that it has and reports, for as long as the application knows it.
+#ifndef QUORIXBIZMODEL_DEVICE_H
+#define QUORIXBIZMODEL_DEVICE_H
+
+#include <quorix_export.h>
+#include <quorixbizmodel/common/guards.h>
+#include <quorixbizmodel/common/modelreferences.h>
+#include <quorixbizmodel/common/quorixbizenum.h>
+#include <quorixprotomodel/auxiliary.h>
+#include <quorixprotomodel/device.h>
+#include <quorixprotomodel/devicebaseinfo.h>
+#include <quorixprotomodel/screen.h>
+
+#include <QGraphicsView>
+#include <QList>
+#include <QObject>
+#include <QString>
+
+#include <atomic>
+#include <cstdint>
+#include <list>
+#include <memory>
+#include <mutex>
+#include <utility>
+#include <vector>
+
+namespace Quorix::BizModel {
+
+struct s_DeviceConfig;
+using DeviceConfig = s_DeviceConfig;
+
+/// One processor: its identity and status, and the owner of its cards, inputs, outputs, screens and files. Always held
+/// by a shared pointer; DeviceList relays its signals.
+///
+/// Threads. A device lives on the thread of the QCoreApplication. Whatever has a lock may be called from any thread;
+/// the rest belongs to that thread, as the fields below say. No lock is held when a signal goes out, so a slot may call
+/// back into the device; all locks are non-recursive.
+///
+/// Capability. Accessors that read the capability record give 0, false or an empty text for a device without one (model
+/// id 65535), unless they say otherwise.
+class QUORIX_EXPORT Device : public QObject, public std::enable_shared_from_this<Device> {
+    Q_OBJECT
+
+public:
+    /// Makes an empty, offline device of a model and looks its capability record up. @p parent isn't used: shared
+    /// references own a device.
+    explicit Device(quint16 modelId, QObject *parent = nullptr);
+    ~Device() override;
+    Q_DISABLE_COPY_MOVE(Device)
+
+    // Construction and configuration (device.cpp)
+
+    /// Finds the capability record of the model id, or makes a default one; there is none for 65535.
+    void initDeviceConfig();
+    /// Requires: there is a record.
+    [[nodiscard]] const DeviceConfig &deviceConfig() const { return *m_pDeviceConfig; }
+    [[nodiscard]] DeviceConfig &deviceConfig() { return *m_pDeviceConfig; }
+    [[nodiscard]] quint16 modelId() const;
+    /// Another id empties the device, as clearAll(false) does, and changes the capability record.
+    void setModelId(quint16 id);
+    QString typeString();
+    [[nodiscard]] QString typeName() const;
+
+    // Identity (device.cpp)
+
+    QString name();
+    void setName(const QString &name);
+    /// Serial number, 16 upper-case hexadecimal digits.
+    QString sn();
+    /// MAC address, 12 upper-case hexadecimal digits.
+    QString MAC();
+    /// Of the first network port; empty without one.
+    QString IPAddress();
+    QString gateWay();
+    QString netMask();
+    /// These make the first network port if there is none, and always signal. The first keeps the old address.
+    void setIPAddress(QString ip);
+    void setGateWay(QString gateway);
+    void setNetMask(QString mask);
+    /// Address, MAC and serial number joined by "_".
+    QString ipMacSn();
+    /// The same with the address before the last change.
+    QString preIPMacSn();
+    void setPreDeviceIPAddress(const QString &ip);
+    QString preDeviceIPAddress();
+    /// "N/A" if it isn't known.
+    QString mainControlVersion();
+    uint16_t localCtrlPort();
+    uint16_t tcpProtocolVersion();
+    uint16_t udpProtocolVersion();
+    /// Bytes.
+    uint32_t maxDataLengthPerPacket();
+    QString localIp();
+    /// Empty while the device is offline.
+    std::list<ProtoModel::DeviceClientInfo> clientControlList();
+    /// True if this client is the master of the device.
+    bool isMasterControl();
+    void updateDeviceBaseInfo(ProtoModel::DeviceBaseInfo info);
+    /// A line for lists of devices; empty without a network port.
+    QString deviceInfo();
+
+    // Status (device_status.cpp)
+
+    /// Going offline resets progress and genlock signal first; signalOnlineChanged is the last signal.
+    void setDeviceOnlineFlag(const bool &bIsOnline);
+    [[nodiscard]] bool onlineFlag() const;
+    void setOperationStatus(Enum::Device::OperationStatus status);
+    Enum::Device::OperationStatus operationStatus();
+    void setDeviceTotalProcess(int process);
+    int deviceTotalProgress();
+    void setDeviceLoadFileTotalNum(int number);
+    int loadFileTotalNum();
+    void setCurrentLoadIndex(int index);
+    int currentLoadIndex();
+    /// Brackets of a take. False if an online device is taking already, or isn't; an offline one always agrees.
+    bool startTake();
+    bool endTake();
+    bool isTaking();
+    bool isSyncDataSuccess();
+    void setSyncDataSuccess(bool isSuccess);
+    bool autoSyncDataEnabled();
+    void setAutoSyncDataEnabled(bool isEnabled);
+    bool isDeviceUpgrading();
+    void setIsDeviceUpgrading(bool isUpgrading);
+    bool isNeedRepaintPreset();
+    void setIsNeedRepaintPreset(bool isNeeded);
+    bool isMultiScreens();
+    void setMultiScreens(bool isMultiple);
+    void setLayerScreenViewDragMode(QGraphicsView::DragMode mode);
+    QGraphicsView::DragMode layerScreenViewDragMode();
+    Enum::Device::DevicResetOrder deviceResetOrder();
+    void restoreDefLayout();
+
+    // Capability (device_capability.cpp)
+
+    [[nodiscard]] quint8 maxRegulerLayerCnt() const;
+    [[nodiscard]] quint8 maxAUXLayerCnt() const;
+    /// @param type mask of Enum::Screen::ScreenType; sums wrap at 8 bits.
+    [[nodiscard]] quint8 maxLayerCnt(int type) const;
+    [[nodiscard]] quint8 maxScreenCnt(int type) const;
+    [[nodiscard]] int maxAuxOutputCount() const;
+    [[nodiscard]] int maxAuxScreenCount() const;
+    int maxMainOutputCount();
+    /// 240 without a record.
+    [[nodiscard]] uint16_t maxPresetCount() const;
+    int subcardMaxResources();
+    int subcardResources(Enum::Device::CardType type);
+    int subcardResources(int type);
+    bool isScreenLimited(Enum::Screen::ScreenType type);
+    /// True without a record.
+    bool isLayerLimited(Enum::Layer::SceneType scene);
+    quint32 validMainOutputConnectors();
+    quint32 validAuxOutputConnectors();
+    bool mvrEnabled();
+    /// True if there is at least one MVR screen.
+    bool isOpenedMVR();
+    /// Name of a slot, from 0.
+    QString subCardDescription(int position, bool isOpenedMVR);
+
+    // Reported state (device_sync.cpp)
+
+    /// Empties the model without a signal. Online flag, model id, base info and previous address stay; with
+    /// @p bKeepDeviceGenernal name and networks, too.
+    void clearAll(bool bKeepDeviceGenernal);
+    /// Resets what a device that goes offline no longer tells: status, progress, genlock signal.
+    void resetDeviceParam();
+
+    // Settings (device_settings.cpp)
+
+    void setGenlockOnStatus(const ProtoModel::Device::s_GenlockSignalBody &signal);
+
+Q_SIGNALS:
+    void signalDeviceModelIdChanged();
+    void signalNameChanged();
+    void signalGenlockConfigChanged();
+    void signalGenlockSignalChanged();
+    void signalScreenGenlockSignalChanged();
+    void signalPowerChanged();
+    void signalNetWorkChanged();
+    void signalOperationStatusChanged();
+    void signalOnlineChanged();
+    void signalSubCardChanged();
+    void signalSubCardInfoChanged(int slotId);
+    void signalSubCardAdded(const std::weak_ptr<Subcard> &subcard);
+    void signalSubCardRemoved(const std::shared_ptr<Subcard> &subcard);
+    void signalInputAdded(const std::weak_ptr<Input> &input);
+    void signalInputRemoved(const std::shared_ptr<Input> &input);
+    void signalOutputRemoved(const std::shared_ptr<Output> &output);
+    void signalBKGAdded(const std::weak_ptr<Image> &image);
+    void signalLogoAdded(const std::weak_ptr<Image> &image);
+    void signalBKGRemoved(const std::shared_ptr<Image> &image);
+    void signalLogoRemoved(const std::shared_ptr<Image> &image);
+    void signalScreenRemoved(const std::shared_ptr<Screen> &screen);
+    void signalScreenAddded(const std::weak_ptr<Screen> &screen);
+    void signalScreenMoved(const std::weak_ptr<Screen> &source, const std::weak_ptr<Screen> &destination);
+    void signalInterfaceMappingChanged();
+    void signalDynamicRangConversionChanged();
+    void signalActivedScreenChanged(const std::weak_ptr<Screen> &screen);
+    void signalSelectedScreenChanged();
+    void signalSelectedRegularScreenChanged();
+    void signalSelectedAuxScreenChanged();
+    void signalSelectedMVRScreenChanged();
+    void signalViewScreenChanged();
+    void signalSwapStatusChanged();
+    void signalLoadToPGMStatusChanged();
+    void signalRestoreDefLayout();
+    void signalActivedOutputChanged();
+    void signalSelectedInputChanged();
+    void signalSelectedOutputChanged();
+    void signalActivedMVRScreenChanged(const std::weak_ptr<MVRScreen> &screen);
+    void signalScreenMultilStateChanged();
+    void signalUpdateOperatorProcess(const QString &text);
+    void signalActivedPresetChanged(const std::weak_ptr<Preset> &preset);
+    void signalActivedPresetKeyNoChanged();
+    void signalPresetRemoved(const std::shared_ptr<File> &file);
+    void signalPresetAdded(const std::weak_ptr<File> &file);
+    void signalPresetCleared();
+    void signalKeypadChanged(const std::weak_ptr<File> &file);
+    void signalUserKeyChanged(const std::weak_ptr<File> &file);
+    void signalModifyUserKeyChanged(const std::weak_ptr<File> &file);
+    void signalUserKeyRemoved(const std::weak_ptr<File> &file);
+    void signalUserKeyClear();
+    void signalMVRStatusChanged();
+    void signalDeviceLoadProcessChanged();
+    void signalDeviceMasterControlStatusChanged();
+    void signalOutputMappingStatusChanged();
+    void signalOutputMappingTypeChanged();
+    void signalDeviceGroupInfoChanged();
+    void signalDeviceNovsStatusChanged();
+    void signalInterfaceRelationEnableChanged();
+    void signalInterfaceRelationPairsChanged();
+
+private:
+    /// What @p read gives for the base info, or for a default record where there is none.
+    template <class Read>
+    auto readBaseInfo(Read read);
+    /// What @p read gives for the first network port, or an empty text.
+    QString readFirstNetwork(std::string ProtoModel::Device::s_NetworkBody::*field);
+    /// Sets a field of the first network port, which is made if there is none, and signals.
+    void writeFirstNetwork(std::string ProtoModel::Device::s_NetworkBody::*field, const QString &value);
+    /// Number of outputs of a kind.
+    quint32 outputCount(Enum::Interface::InterfaceType type);
+
+    // "Main thread" marks a field without a lock.
+
+    ProtoModel::Device::s_DeviceDetail m_detail;
+    /// Guards m_detail, and the stored fields that have no lock of their own: m_modelId, m_bIsMuliScreens. Further
+    /// m_preDeviceIPAddress, which changes together with the address.
+    mutable QReadWriteLock m_detailRWLock;
+    ProtoModel::Auxiliary::s_DeviceSelfCheckDetail m_selfCheckDetail; ///< main thread
+    std::vector<std::shared_ptr<RegularScreen>> m_regularScreens;
+    std::vector<std::shared_ptr<AuxScreen>> m_AUXScreens;
+    std::vector<std::shared_ptr<MVRScreen>> m_MVRSscreens;
+    QReadWriteLock m_screensRWLock; ///< guards the three lists above
+    std::vector<std::shared_ptr<Logo>> m_logos;
+    QReadWriteLock m_logosRWLock;
+    std::vector<std::shared_ptr<BKG>> m_bkgs;
+    QReadWriteLock m_bkgsRWLock;
+    std::vector<std::shared_ptr<File>> m_umdFiles;
+    QReadWriteLock m_umdsRWLock;
+    std::vector<std::shared_ptr<Input>> m_inputs;
+    QReadWriteLock m_inputsRWLock;
+    std::vector<std::shared_ptr<Output>> m_outputs;
+    QReadWriteLock m_outputsRWLock;
+    uint32_t m_modelId; ///< m_detailRWLock
+    std::vector<std::shared_ptr<Preset>> m_presets;
+    QReadWriteLock m_presetsRWLock;
+    std::vector<std::shared_ptr<Keypad>> m_keypads;
+    QReadWriteLock m_keypadsRWLock;
+    std::vector<std::shared_ptr<Subcard>> m_subcards;
+    QReadWriteLock m_subcardsRWLock;
+    std::vector<std::shared_ptr<UserKey>> m_userKey;
+    QReadWriteLock m_userKeyRWLock;
+    bool m_bIsMuliScreens = false; ///< m_detailRWLock
+    std::atomic<bool> m_bIsOnline = false;
+    QList<std::weak_ptr<Input>> m_selectedInputs;   ///< main thread
+    QList<std::weak_ptr<Output>> m_selectedOutputs; ///< main thread
+    std::weak_ptr<Output> m_pActivedOutput;         ///< main thread
+    std::weak_ptr<Screen> m_pActivedScreen;         ///< main thread
+    QList<std::weak_ptr<Screen>> m_viewingScreens;
+    QReadWriteLock m_viewingScreensRWLock;
+    std::weak_ptr<MVRScreen> m_pActivedMVRScreen; ///< main thread
+    QList<std::weak_ptr<RegularScreen>> m_selectedRegularScreens;
+    QList<std::weak_ptr<AuxScreen>> m_selectedAuxScreens;
+    QList<std::weak_ptr<MVRScreen>> m_selectedMVRScreens;
+    QReadWriteLock m_selectScreenRWLock;     ///< guards the three lists above
+    DeviceConfig *m_pDeviceConfig = nullptr; ///< main thread; owned by DeviceConfigManager
+    bool m_bIsSyncSucess = false;            ///< main thread
+    bool m_autoSyncDataEnable = true;        ///< main thread
+    bool m_isDeviceUpgrading = false;        ///< main thread
+    uint16_t m_nActivedPresetKeyNo = 65535;  ///< main thread
+    uint16_t m_nLastPresetKeyNo = 65535;     ///< main thread
+    std::weak_ptr<Preset> m_pActivedPreset;  ///< main thread
+    volatile bool m_bIsTaking = false;
+    std::mutex m_bIsTakingMutex;
+    Enum::Device::DevicResetOrder m_restOrder = Enum::Device::DevicResetOrder::Factory_IP; ///< main thread
+    int m_iDeviceTotalProcess = 0;                                                         ///< main thread
+    int m_iCurrentIndex = 0;                                                               ///< main thread
+    int m_iLoadFileTotalNum = 0;                                                           ///< main thread
+    QGraphicsView::DragMode m_dragMode = QGraphicsView::NoDrag;                            ///< main thread
+    QString m_preDeviceIPAddress;                                                          ///< m_detailRWLock
+    std::atomic<bool> m_bMasterControlDeviceStatus = true;
+    std::shared_ptr<ProtoModel::DeviceBaseInfo> m_pDeviceBaseInfo = std::make_shared<ProtoModel::DeviceBaseInfo>();
+    QReadWriteLock m_deviceBaseInfoRWLock;
+    QReadWriteLock m_mappingRWLock; ///< guards the test pattern of the output mapping in m_detail
+    ProtoModel::Device::s_DeviceGroupInfoBody m_deviceGroupInfo;
+    bool m_deviceGroupStatus = true;
+    QReadWriteLock m_deviceGroupInfoRWLock; ///< guards the two fields above
+    std::list<std::pair<int, int>> m_allowEditedHotBackupConnectors;
+    QReadWriteLock m_allowEditedRWLock;                            ///< taken before m_detailRWLock
+    ProtoModel::Screen::s_ScreenGenlockBodyArray m_screenGenlocks; ///< main thread
+    bool m_isNeedRepaintPreset = true;                             ///< main thread
+};
+
+} // namespace Quorix::BizModel
+
+#endif

@@ -1,0 +1,238 @@
+#include <quorixbizmodel/hub/devicelist.h>
+
+#include <quorixbizmodel/common/enumtools.h>
+#include <quorixbizmodel/common/guarded.h>
+#include <quorixbizmodel/common/helper.h>
+#include <quorixbizmodel/common/lists.h>
+#include <quorixbizmodel/common/modelthread.h>
+#include <quorixbizmodel/device/device.h>
+
+#include <QDebug>
+
+#include <algorithm>
+
+namespace Quorix::BizModel {
+
+namespace {
+
+constexpr quint16 model(Enum::Device::Type type) { return static_cast<quint16>(toInt(type)); }
+
+constexpr quint8 echoInputCount = 32;
+
+/// Tile @p place of a frame with @p columns tiles to a row.
+QRect tile(int place, int columns, const QSize &size) {
+    return {QPoint(size.width() * (place % columns), size.height() * (place / columns)), size};
+}
+
+template <Enum::Device::Type>
+QRect getEchoVideoRect(const quint8 &nInputIndex);
+
+template <>
+QRect getEchoVideoRect<Enum::Device::Type::Larch>(const quint8 &nInputIndex) {
+    return nInputIndex < echoInputCount ? tile(nInputIndex, 8, {240, 270}) : QRect();
+}
+
+template <>
+QRect getEchoVideoRect<Enum::Device::Type::AlderMax>(const quint8 &nInputIndex) {
+    // The row of inputs 24 to 27 stays short: 28 to 31 stand together in the last one.
+    constexpr int lastRowFirstInput = 28;
+    constexpr int lastRowFirstPlace = 30;
+    const int place =
+        nInputIndex < lastRowFirstInput ? nInputIndex : nInputIndex - lastRowFirstInput + lastRowFirstPlace;
+    return nInputIndex < echoInputCount ? tile(place, 6, {320, 180}) : QRect();
+}
+
+/// The device that a screen belongs to. No class of screens can name its owner yet, so that no screen has one.
+std::shared_ptr<Device> ownerOf(const std::shared_ptr<Screen> & /*screen*/) { return {}; }
+
+/// True if the first screen is alive and belongs to @p device; a screen without an owner belongs to nobody.
+bool belongTo(const std::shared_ptr<Device> &device, const QList<std::weak_ptr<Screen>> &screens) {
+    const auto first = screens.isEmpty() ? nullptr : screens.front().lock();
+    return first != nullptr && device != nullptr && ownerOf(first) == device;
+}
+
+} // namespace
+
+DeviceList *DeviceList::instance() {
+    static DeviceList hub;
+    return &hub;
+}
+
+DeviceList::DeviceList()
+    : m_modelIdForGetEchoVideoRectCB{
+          {model(Enum::Device::Type::Larch), getEchoVideoRect<Enum::Device::Type::Larch>},
+          {model(Enum::Device::Type::BirchMini), getEchoVideoRect<Enum::Device::Type::Larch>},
+          {model(Enum::Device::Type::AlderMax), getEchoVideoRect<Enum::Device::Type::AlderMax>},
+          {model(Enum::Device::Type::Birch), getEchoVideoRect<Enum::Device::Type::AlderMax>},
+      } {
+    registerMetaTypes();
+}
+
+DeviceList::~DeviceList() = default;
+
+std::weak_ptr<Device> DeviceList::append(std::shared_ptr<Device> pDevice) {
+    if (pDevice == nullptr)
+        return {};
+    moveToModelThread(*pDevice);
+    {
+        const std::scoped_lock guard(m_listDeviceMutex);
+        if (std::find(m_listDevice.begin(), m_listDevice.end(), pDevice) != m_listDevice.end())
+            return pDevice;
+        m_listDevice.push_back(pDevice);
+    }
+    Q_EMIT signalDeviceAppended(pDevice);
+    createConnects(*pDevice);
+    return pDevice;
+}
+
+std::weak_ptr<Device> DeviceList::append(const quint16 & /*nModelID*/) { return append(std::shared_ptr<Device>()); }
+
+void DeviceList::remove(std::shared_ptr<Device> pDevice) {
+    {
+        const std::scoped_lock guard(m_listDeviceMutex);
+        if (takePointer(m_listDevice, pDevice.get()) == nullptr)
+            return;
+    }
+    Q_EMIT signalDeviceRemoved(pDevice);
+    // Asked only now: a listener that has activated another device keeps its choice.
+    if (m_pActivedDevice.lock() != pDevice)
+        return;
+    const auto left = deviceList();
+    setActivtedDevice(left.empty() ? nullptr : left.front(), false);
+}
+
+void DeviceList::clear() {
+    std::list<std::shared_ptr<Device>> dropped;
+    {
+        const std::scoped_lock guard(m_listDeviceMutex);
+        dropped.swap(m_listDevice);
+    }
+    if (dropped.empty())
+        return;
+    dropped.clear();
+    Q_EMIT signalDeviceCleared();
+}
+
+std::list<std::shared_ptr<Device>> DeviceList::deviceList() const {
+    const std::scoped_lock guard(m_listDeviceMutex);
+    return m_listDevice;
+}
+
+QList<std::weak_ptr<Device>> DeviceList::devices() const { return weakReferences(deviceList()); }
+
+uint8_t DeviceList::count() const {
+    const std::scoped_lock guard(m_listDeviceMutex);
+    return static_cast<uint8_t>(m_listDevice.size());
+}
+
+std::weak_ptr<Device> DeviceList::findDevice(const QString &ip, const QString &sn) {
+    return findFirst(deviceList(), [&](Device &device) { return device.IPAddress() == ip && device.sn() == sn; });
+}
+
+std::weak_ptr<Device> DeviceList::findDevice(const QString &ip, const QString &mac, const QString &sn) {
+    if (Helper::isEmptyMac(mac) && Helper::isEmptySn(sn))
+        return findDeviceByIpMacSn(ip, mac, sn);
+    return findFirst(deviceList(), [&](Device &device) { return device.MAC() == mac && device.sn() == sn; });
+}
+
+std::weak_ptr<Device> DeviceList::findDeviceByIpMacSn(const QString &ip, const QString &mac, const QString &sn) {
+    return findFirst(deviceList(), [&](Device &device) {
+        return device.MAC() == mac && device.sn() == sn && device.IPAddress() == ip;
+    });
+}
+
+std::weak_ptr<Device> DeviceList::findDeviceByIP(const QString &ip) {
+    return findFirst(deviceList(), [&](Device &device) { return device.IPAddress() == ip; });
+}
+
+std::weak_ptr<Device> DeviceList::findDeviceByName(const QString &name) {
+    return findFirst(deviceList(), [&](Device &device) { return device.name() == name; });
+}
+
+bool DeviceList::isDeviceIPExist(const QString &ip) { return !findDeviceByIP(ip).expired(); }
+
+bool DeviceList::isDeviceNameExist(const QString &name) { return !findDeviceByName(name).expired(); }
+
+void DeviceList::setActivtedDevice(std::weak_ptr<Device> pDevice, bool isEmit) {
+    const auto device = pDevice.lock();
+    const bool isOther = device != m_pActivedDevice.lock();
+    if (isOther)
+        m_pActivedDevice = std::move(pDevice);
+    if (device != nullptr)
+        device->setIsNeedRepaintPreset(true);
+    if (isOther || isEmit)
+        Q_EMIT signalActivedDeviceChanged();
+}
+
+std::weak_ptr<Device> DeviceList::activedDevice() { return m_pActivedDevice; }
+
+void DeviceList::appendDeviceScreenLayersChangedType(Enum::Screen::UpdateType type) {
+    const MutexGuard guard(m_screenUpdateTypeMutex);
+    m_screenUpdateType = maskOf(m_screenUpdateType, type);
+}
+
+void DeviceList::clearDeviceScreenLayersChangedType() { takeScreenUpdateType(); }
+
+int DeviceList::takeScreenUpdateType() {
+    const MutexGuard guard(m_screenUpdateTypeMutex);
+    return std::exchange(m_screenUpdateType, 0);
+}
+
+void DeviceList::notifyDeviceScreenLayersChanged(const QList<std::weak_ptr<Screen>> &screens) {
+    if (belongTo(m_pActivedDevice.lock(), screens))
+        emitDeviceScreenLayersChanged(screens);
+}
+
+void DeviceList::notifyDeviceScreenLayersUpdate(const QList<std::weak_ptr<Screen>> &screens) {
+    if (belongTo(m_pActivedDevice.lock(), screens))
+        emitDeviceScreenLayersUpdate(screens);
+}
+
+void DeviceList::emitDeviceScreenLayersChanged(const QList<std::weak_ptr<Screen>> &screens) {
+    emitGathered(&DeviceList::signalDeviceScreenLayersChanged, screens);
+}
+
+void DeviceList::emitDeviceScreenLayersUpdate(const QList<std::weak_ptr<Screen>> &screens) {
+    emitGathered(&DeviceList::signalDeviceScreenLayersUpdate, screens);
+}
+
+void DeviceList::emitGathered(void (DeviceList::*signal)(const QList<std::weak_ptr<Screen>> &, int),
+                              const QList<std::weak_ptr<Screen>> &screens) {
+    const int updateType = takeScreenUpdateType();
+    if (updateType == 0) {
+        qWarning() << "Notify to update the layer interface failed" << updateType;
+        return;
+    }
+    qDebug() << "Notify to update the layer interface" << updateType;
+    Q_EMIT std::invoke(signal, this, screens, updateType);
+}
+
+void DeviceList::setPresetOperateMode(Enum::Preset::PresetOptMode mode) { m_PresetOperateMode = mode; }
+
+Enum::Preset::PresetOptMode DeviceList::presetOperateMode() { return m_PresetOperateMode; }
+
+void DeviceList::updateResourceShow(bool isVisible) {
+    if (assign(m_bResourceShow, isVisible))
+        Q_EMIT signalResourceShowStatusChanged();
+}
+
+bool DeviceList::resourceShowStatus() { return m_bResourceShow; }
+
+void DeviceList::setIsCompatibleUpgrading(bool isUpgrading) {
+    if (m_compatibleUpgrading != isUpgrading)
+        m_compatibleUpgrading = isUpgrading;
+}
+
+bool DeviceList::isCompatibleUpgrading() { return m_compatibleUpgrading; }
+
+QRect DeviceList::echoVideoRect(quint16 eDeviceModelId, const quint8 &nInputIndex) {
+    const auto row = m_modelIdForGetEchoVideoRectCB.find(eDeviceModelId);
+    if (row == m_modelIdForGetEchoVideoRectCB.end()) {
+        qWarning() << "Get echo input video rect has failed! The device modelId=" << eDeviceModelId
+                   << " dosn't support.";
+        return {};
+    }
+    return row->second(nInputIndex);
+}
+
+} // namespace Quorix::BizModel
