@@ -49,7 +49,9 @@ std::map<int, Formatter> makeFormatters() {
     };
     formatters[QMetaType::Int] = [](const void *value, const Names &) { return QString::number(as<int>(value)); };
     formatters[QMetaType::UChar] = [](const void *value, const Names &) { return QString::number(as<quint8>(value)); };
-    formatters[QMetaType::UShort] = [](const void *value, const Names &) { return QString::number(as<quint16>(value)); };
+    formatters[QMetaType::UShort] = [](const void *value, const Names &) {
+        return QString::number(as<quint16>(value));
+    };
     formatters[QMetaType::QString] = [](const void *value, const Names &) { return '"' + as<QString>(value) + '"'; };
     formatters[QMetaType::QRect] = [](const void *value, const Names &) {
         const auto &rect = as<QRect>(value);
@@ -60,8 +62,8 @@ std::map<int, Formatter> makeFormatters() {
 
 const std::map<int, Formatter> &formatters() {
     using namespace BizModel;
-    static const auto all = makeFormatters<Device, Subcard, Connector, Interface, Input, Output, Screen, MVRScreen, Layer,
-                                           MVRLayer, File, Image, Preset>();
+    static const auto all = makeFormatters<Device, Subcard, Connector, Interface, Input, Output, Screen, MVRScreen,
+                                           Layer, MVRLayer, File, Image, Preset>();
     return all;
 }
 

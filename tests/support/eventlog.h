@@ -13,8 +13,8 @@
 namespace Quorix::Tests {
 
 /// All signals of @p source in the order of emission, one text each: "name(argument, argument)". A reference is written
-/// as the name that a test has given to its object, "?" for another one, "null" for an empty or dead one; lists stand in
-/// brackets; an int result of the signal is left alone. Takes part on the emitting thread, whichever that is.
+/// as the name that a test has given to its object, "?" for another one, "null" for an empty or dead one; lists stand
+/// in brackets; an int result of the signal is left alone. Takes part on the emitting thread, whichever that is.
 class EventLog : public QObject {
 public:
     explicit EventLog(QObject *source);
