@@ -7,8 +7,12 @@
 #include <quorixbizmodel/capability/quorixbizstruct.h>
 #include <quorixbizmodel/common/enumtools.h>
 #include <quorixbizmodel/common/helper.h>
+#include <quorixbizmodel/common/modelchangedlocker.h>
+#include <quorixbizmodel/common/modelreferences.h>
 #include <quorixbizmodel/common/quorixbizconstants.h>
 #include <quorixbizmodel/common/quorixbizenum.h>
 #include <quorixbizmodel/common/textdata.h>
+#include <quorixbizmodel/device/device.h>
+#include <quorixbizmodel/hub/devicelist.h>
 
 #endif
