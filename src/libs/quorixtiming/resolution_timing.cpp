@@ -1,4 +1,4 @@
-#include <quorixtiming/cvt12.h>
+#include <quorixtiming/cvt12_p.h>
 #include <quorixtiming/edid_block_p.h>
 #include <quorixtiming/resolution_timing.h>
 #include <quorixtiming/truncate_p.h>
@@ -66,20 +66,6 @@ void setFromRow(cea861_dtd_t &dtd, const mode_table_t &row, float rate) {
     dtd.VertBlankingLines = row.v_blanking;
     dtd.VertSyncOffset = u16(row.v_blanking - row.v_start);
     dtd.VertSyncPulseWidth = row.v_sync;
-}
-
-void setFromFormula(cea861_dtd_t &dtd, std::uint16_t width, std::uint16_t height, float rate) {
-    cvt_mode m;
-    vert_refresh(width, height, rate, 0, 1, 0, 0, &m);
-    dtd.PixelClock = truncateTo<std::uint32_t>(m.pclk * 1000000.0F);
-    dtd.HorizActivePixels = u16(m.hr);
-    dtd.HorizBlankingPixels = u16(m.hfl - m.hr);
-    dtd.HorizSyncOffset = u16(m.hss - m.hr);
-    dtd.HorizSyncPulseWidth = u16(m.hse - m.hss);
-    dtd.VertActiveLines = u16(m.vr);
-    dtd.VertBlankingLines = u16(m.vfl - m.vr);
-    dtd.VertSyncOffset = u16(m.vss - m.vr);
-    dtd.VertSyncPulseWidth = u16(m.vse - m.vss);
 }
 
 /// Puts @p dtd in the first descriptor of a copy of @p model and hands the copy out.

@@ -151,13 +151,16 @@ constexpr std::uint64_t keyOf(std::uint64_t width, std::uint64_t height, std::ui
     return width << 32 | height << 16 | rate;
 }
 
-// Sizes and rates alone, so that a search runs over a few cache lines.
-constexpr auto KEYS = [] {
-    std::array<std::uint64_t, std::size(ROWS)> keys{};
-    std::transform(std::begin(ROWS), std::end(ROWS), keys.begin(), [](const XVidC_VideoTimingMode &mode) {
-        return keyOf(mode.Timing.HActive, mode.Timing.VActive, static_cast<std::uint64_t>(mode.FrameRate));
-    });
-    return keys;
+// Keys in order, each with its row below it: a search finds the first row of several with one key.
+constexpr int ROW_BITS = 8;
+constexpr auto INDEX = [] {
+    std::array<std::uint64_t, std::size(ROWS)> index{};
+    for (std::size_t i = 0; i < index.size(); ++i) {
+        const auto &[id, name, rate, timing] = ROWS[i];
+        index[i] = keyOf(timing.HActive, timing.VActive, static_cast<std::uint64_t>(rate)) << ROW_BITS | i;
+    }
+    std::sort(index.begin(), index.end());
+    return index;
 }();
 
 } // namespace
@@ -170,6 +173,9 @@ constinit const std::array<XVidC_VideoTimingMode, 111> XVidC_VideoTimingModes = 
 }();
 
 const XVidC_VideoTimingMode *findVideoMode(std::uint16_t width, std::uint16_t height, std::uint16_t frame_rate) {
-    const auto found = std::find(KEYS.begin(), KEYS.end(), keyOf(width, height, frame_rate));
-    return found == KEYS.end() ? nullptr : &XVidC_VideoTimingModes[static_cast<std::size_t>(found - KEYS.begin())];
+    const std::uint64_t key = keyOf(width, height, frame_rate);
+    const auto *const found = std::lower_bound(INDEX.begin(), INDEX.end(), key << ROW_BITS);
+    if (found == INDEX.end() || *found >> ROW_BITS != key)
+        return nullptr;
+    return &XVidC_VideoTimingModes[*found & ((1U << ROW_BITS) - 1)];
 }

@@ -1,0 +1,177 @@
+#include <quorixtiming/quorixtiming.h>
+
+#include <gmock/gmock.h>
+
+#include <array>
+#include <cmath>
+#include <limits>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace {
+
+using Sums = std::pair<long, long>;
+
+// Plain sums and sums weighted by the row's number from 1, over the published values: a row moved or a digit changed
+// shows in one of them.
+TEST(VideoModes, HoldThePublishedValues) {
+    using T = XVidC_VideoTiming;
+    const auto sums = [](auto member) {
+        Sums sum;
+        for (long row = 1; const XVidC_VideoTimingMode &mode : XVidC_VideoTimingModes) {
+            sum.first += mode.Timing.*member;
+            sum.second += row++ * (mode.Timing.*member);
+        }
+        return sum;
+    };
+    EXPECT_EQ(sums(&T::HActive), Sums(191926, 13374250));
+    EXPECT_EQ(sums(&T::HFrontPorch), Sums(17703, 1413921));
+    EXPECT_EQ(sums(&T::HSyncWidth), Sums(10652, 620979));
+    EXPECT_EQ(sums(&T::HBackPorch), Sums(20257, 1258480));
+    EXPECT_EQ(sums(&T::HTotal), Sums(240538, 16667630));
+    EXPECT_EQ(sums(&T::HSyncPolarity), Sums(75, 4561));
+    EXPECT_EQ(sums(&T::VActive), Sums(116506, 8059972));
+    EXPECT_EQ(sums(&T::F0PVFrontPorch), Sums(489, 29659));
+    EXPECT_EQ(sums(&T::F0PVSyncWidth), Sums(571, 36021));
+    EXPECT_EQ(sums(&T::F0PVBackPorch), Sums(4879, 327888));
+    EXPECT_EQ(sums(&T::F0PVTotal), Sums(122445, 8453540));
+    EXPECT_EQ(sums(&T::VSyncPolarity), Sums(73, 4588));
+    Sums rates;
+    for (long row = 1; const XVidC_VideoTimingMode &mode : XVidC_VideoTimingModes) {
+        const XVidC_VideoTiming &t = mode.Timing;
+        const std::string_view name = mode.Name;
+        const int rate = static_cast<int>(mode.FrameRate);
+        const bool interlaced = name.ends_with(" (I)");
+        const auto plain = std::to_string(t.HActive) + 'x' + std::to_string(t.VActive * (interlaced ? 2 : 1)) + '@' +
+                           std::to_string(rate) + "Hz";
+        EXPECT_THAT(name, testing::AnyOf(plain, plain + (interlaced ? " (I)" : " (RB)")));
+        EXPECT_EQ(t.F1VTotal, interlaced ? t.F0PVTotal + 1 : 0) << name;
+        rates.first += rate;
+        rates.second += row++ * rate;
+        EXPECT_EQ(static_cast<int>(mode.VmId), row - 2);
+    }
+    EXPECT_EQ(rates, Sums(8167, 448176));
+}
+
+struct Axis {
+    int front, sync, blanking;
+    bool operator==(const Axis &) const = default;
+};
+
+// Published: DMT, CTA-861; CVT with reduced blanking where no table has the mode, by hand with the clock cut to 1 kHz.
+constexpr struct {
+    const char *why;
+    CalcMode_t mode;
+    std::uint16_t width, height;
+    float rate;
+    Axis h, v;
+    double kHz;
+} TIMINGS[] = {
+    {"first table", EN_AUTO, 1920, 1080, 60, {88, 44, 280}, {4, 5, 45}, 148500},
+    {"within 0.4 Hz", EN_AUTO, 1920, 1080, 59.94F, {88, 44, 280}, {4, 5, 45}, 148351.5},
+    {"upper end", EN_AUTO, 1920, 1080, 60.45F, {88, 44, 280}, {4, 5, 45}, 149613.75},
+    {"0.5 Hz off, rounded to 60", EN_DMT, 1920, 1200, 59.55F, {48, 32, 160}, {3, 6, 35}, 152972.04},
+    {"0.5 Hz above: no table", EN_AUTO, 1920, 1080, 60.5F, {48, 32, 160}, {3, 5, 31}, 139808},
+    {"first table only", EN_DMT, 2048, 1152, 60, {26, 80, 202}, {1, 3, 48}, 162000},
+    {"4K", EN_DMT, 3840, 2160, 60, {176, 88, 560}, {8, 10, 90}, 594000},
+    {"second table", EN_AUTO, 1920, 1080, 50, {528, 44, 720}, {4, 5, 45}, 148500},
+    {"second table", EN_AUTO, 1280, 720, 60, {110, 40, 370}, {5, 5, 30}, 74250},
+    {"the plain twin, not (RB)", EN_AUTO, 1680, 1050, 60, {104, 176, 560}, {3, 6, 39}, 146361.6},
+    {"a field of an interlaced row", EN_DMT, 1440, 240, 60, {38, 124, 276}, {4, 3, 22}, 26975.52},
+    {"formula, 16:9", EN_AUTO, 2560, 1440, 60, {48, 32, 160}, {3, 5, 41}, 241699},
+    {"formula, no aspect", EN_AUTO, 1000, 1000, 60, {48, 32, 160}, {3, 10, 29}, 71618},
+    {"formula, two wide", EN_AUTO, 3840, 1080, 60, {48, 32, 160}, {3, 10, 31}, 266640},
+    {"formula, 4:3", EN_AUTO, 1024, 768, 61, {48, 32, 160}, {3, 4, 23}, 57129},
+    {"formula, 16:10", EN_CVT, 1280, 800, 60, {48, 32, 160}, {3, 6, 23}, 71107},
+    {"formula, 5:4", EN_CVT, 1280, 1024, 60, {48, 32, 160}, {3, 7, 30}, 91065},
+    {"formula, 15:9; 68256 but for the float steps", EN_CVT, 1280, 768, 60, {48, 32, 160}, {3, 7, 22}, 68255},
+    {"formula, tables not asked", EN_CVT, 1920, 1080, 60, {48, 32, 160}, {3, 5, 31}, 138652},
+    {"16 bits of a rate matter", EN_AUTO, 1920, 1080, 65596, {48, 32, 160}, {3, 5, 14}, 4294967.295},
+};
+
+TEST(ResolutionTiming, MatchesThePublishedTimings) {
+    for (const auto &row : TIMINGS) {
+        SCOPED_TRACE(testing::Message() << row.why << ' ' << row.width << 'x' << row.height << '@' << row.rate);
+        cea861_dtd_t t{.HorizBorder = 9, .Interlaced = true, .SyncSignalInfo = 1, .Native = true};
+        ASSERT_EQ(ResT_calDTD_by_model(row.mode, &t, row.width, row.height, row.rate), ResT_OK);
+        EXPECT_EQ(t.HorizActivePixels, row.width);
+        EXPECT_EQ(t.VertActiveLines, row.height);
+        EXPECT_EQ((Axis{t.HorizSyncOffset, t.HorizSyncPulseWidth, t.HorizBlankingPixels}), row.h);
+        EXPECT_EQ((Axis{t.VertSyncOffset, t.VertSyncPulseWidth, t.VertBlankingLines}), row.v);
+        EXPECT_NEAR(t.PixelClock / 1000.0, row.kHz, 0.02);
+        EXPECT_EQ(t.SyncSignalDescription, 3);
+        EXPECT_EQ(t.HorizBorder + t.SyncSignalInfo + t.Interlaced, 0);
+        EXPECT_TRUE(t.Native) << "not this function's to set";
+    }
+}
+
+TEST(ResolutionTiming, RefusesWhatNoTableHoldsWithoutTheFormula) {
+    cea861_dtd_t t{.PixelClock = 7};
+    EXPECT_EQ(ResT_calDTD_by_model(EN_AUTO, nullptr, 1920, 1080, 60), ResT_ERR);
+    EXPECT_EQ(ResT_calDTD_by_model(EN_DMT, &t, 2560, 1440, 60), ResT_ERR);
+    EXPECT_EQ(ResT_calDTD_by_model(static_cast<CalcMode_t>(2), &t, 1920, 1080, 60), ResT_ERR);
+    EXPECT_EQ(t.PixelClock, 7U);
+}
+
+TEST(ResolutionTiming, TakesAnyRateAndSize) {
+    constexpr float INF = std::numeric_limits<float>::infinity();
+    constexpr std::pair<float, std::uint32_t> CLOCKS[] = {
+        {0.0F, 0}, {-60.0F, 0}, {NAN, 0}, {-INF, 0}, {INF, 0xFFFFFFFF}, {1e30F, 0xFFFFFFFF}, {2173.913F, 0xFFFFFFFF}};
+    for (const auto &[rate, clock] : CLOCKS) {
+        cea861_dtd_t t;
+        ASSERT_EQ(ResT_calDTD_by_model(EN_AUTO, &t, 1920, 1080, rate), ResT_OK);
+        EXPECT_EQ(t.HorizActivePixels, 1920);
+        EXPECT_EQ(t.PixelClock, clock) << rate;
+    }
+    for (const int size : {0, 1, 65535, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()})
+        for (const float rate : {0.0F, NAN, -INF, 1e-30F, 60.0F, 1818.1818F, 2173.913F, INF})
+            for (int switches = 0; switches < 16; ++switches) {
+                cvt_mode m;
+                vert_refresh(size, size, rate, switches & 1, switches & 2, switches & 4, switches >> 3, &m);
+                EXPECT_EQ(m.vr, size);
+            }
+}
+
+// By hand, in exact arithmetic; 640x480 is CVT's own example but for the clock's step (23.75 MHz there).
+TEST(Cvt, FollowsTheFormulaInEachForm) {
+    using testing::ElementsAre;
+    constexpr struct {
+        int width, height;
+        float rate;
+        int interlaced, reduced, margins, film;
+        int hss, hse, hfl, vss, vse, vfl;
+        double pclk, rateReached;
+    } ROWS[] = {
+        {640, 480, 60, 0, 0, 0, 0, 656, 720, 800, 483, 487, 500, 23.975, 59.9375},
+        {1920, 1080, 60, 0, 0, 0, 0, 2043, 2249, 2578, 1083, 1088, 1120, 173.235, 59.99771},
+        {1920, 1080, 60, 1, 1, 0, 0, 1968, 2000, 2080, 1083, 1088, 1096, 69.451, 59.99983},
+        {1920, 1080, 75, 0, 1, 1, 0, 1968, 2000, 2148, 1083, 1088, 1158, 186.553, 74.99968},
+        {2560, 1440, 60, 0, 1, 0, 1, 2608, 2640, 2720, 1443, 1448, 1481, 241.457542, 59.94001},
+    };
+    for (const auto &r : ROWS) {
+        SCOPED_TRACE(testing::Message() << r.width << 'x' << r.height << '@' << r.rate);
+        cvt_mode m;
+        vert_refresh(r.width, r.height, r.rate, r.interlaced, r.reduced, r.margins, r.film, &m);
+        EXPECT_THAT((std::array{m.hr, m.hss, m.hse, m.hfl}), ElementsAre(r.width, r.hss, r.hse, r.hfl));
+        EXPECT_THAT((std::array{m.vr, m.vss, m.vse, m.vfl}), ElementsAre(r.height, r.vss, r.vse, r.vfl));
+        EXPECT_NEAR(m.pclk, r.pclk, 2e-5);
+        EXPECT_NEAR(m.real_v_rate, r.rateReached, 2e-5);
+        EXPECT_NEAR(m.h_freq, r.pclk * 1000 / r.hfl, 1e-4);
+    }
+}
+
+TEST(ModeTables, GiveRowsInOneForm) {
+    mode_table_t row{};
+    row.en_res_idx = RES_1600X1200;
+    ASSERT_TRUE(GetVideoTiming(1280, 720, 50, &row));
+    EXPECT_EQ(row.en_res_idx, RES_1600X1200) << "the second table has no such index";
+    EXPECT_THAT((std::array{row.h_freq, row.v_freq, row.h_start, row.v_start}),
+                testing::ElementsAre(375, 500, 260, 25));
+    EXPECT_FALSE(GetDmtTiming(1280, 720, 500, &row) || GetDmtTiming(1920, 1080, 595, &row));
+    EXPECT_EQ(row.h_total, 1980) << "untouched by failures";
+    ASSERT_TRUE(GetDmtTiming(1920, 1080, 604, &row));
+    EXPECT_EQ(row.en_res_idx, RES_1920X1080);
+}
+
+} // namespace
