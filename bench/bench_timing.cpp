@@ -1,10 +1,11 @@
-/// One timing at a time, next to the CVT generator of the X.Org project.
+/// One timing at a time, next to libxcvt.
 #include <quorixtiming/quorixtiming.h>
 
 #include <benchmark/benchmark.h>
 #include <libxcvt/libxcvt.h>
 
 #include <cstdlib>
+#include <iterator>
 
 namespace {
 

@@ -89,7 +89,7 @@ struct digital_vid_modeline2_t {
     std::uint16_t vtot, vfp, vsw, vbp;
     std::uint8_t vpol, intd;
     std::uint32_t vfreq; ///< whole Hz
-    std::uint8_t x, y;   ///< aspect, 16 and 9 for example; at most 80 each
+    std::uint8_t x, y;   ///< aspect, 16 and 9 for example; at most 80 each, or a 0 and the other's low 8 bits
 };
 
 /// Brings the @p size bytes of a file or a channel into the form that the other functions read: 256 bytes, a missing
