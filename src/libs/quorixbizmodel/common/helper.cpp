@@ -20,7 +20,10 @@ float Helper::protoRate2ModelRate(int value) { return static_cast<float>(value) 
 int Helper::modelRate2ProtoRate(float value) { return truncated(value * float{Constants::refreshRateRatio}); }
 double Helper::protoHue2ModelHue(int value) { return value / double{Constants::hueParaRatio}; }
 int Helper::modelHue2ProtoHue(double value) { return truncated(value * Constants::hueParaRatio); }
-double Helper::protoGamma2ModelGamma(int value) { return static_cast<double>(value / Constants::gammaRatio); }
+double Helper::protoGamma2ModelGamma(int value) {
+    const int whole = value / Constants::gammaRatio;
+    return whole;
+}
 int Helper::modelGamma2ProtoGamma(double value) { return truncated(value * Constants::gammaRatio); }
 double Helper::proto2ModelEffectTime(int value) { return value / double{Constants::effectTimeRatio}; }
 int Helper::model2ProtoEffectTime(double value) { return truncated(value * Constants::effectTimeRatio); }
