@@ -2,6 +2,21 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="en">
 <context>
+    <name></name>
+    <message>
+        <source>Invalid [%1] node.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Invalid [%1] attribute.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The Sub card contains an invalid Connector type [%1].</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>ConfigXml</name>
     <message>
         <source>internal document type definitions are not supported</source>
@@ -13,6 +28,17 @@
     </message>
     <message>
         <source>elements are nested too deeply</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Quorix::BizModel::Device</name>
+    <message>
+        <source>[online]   </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>[offline]   </source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -73,6 +99,30 @@
     </message>
     <message>
         <source>On</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Quorix::BizModel::InterfaceConfig</name>
+    <message>
+        <source>Invalid file path!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fail to open file [%1]!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Parse error at line %1, column %2:
+%3</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This file is not a valid configuration file.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This file is not a valid configuration file of version 1.0 .</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -1,4 +1,5 @@
 #include <quorixbizmodel/common/helper.h>
+#include <support/messagelog.h>
 
 #include <gtest/gtest.h>
 
@@ -11,20 +12,6 @@ namespace {
 
 using Quorix::BizModel::Helper;
 using namespace Quorix::BizModel::Enum::Interface;
-
-QStringList *heard = nullptr;
-
-/// The lines that @p act logs.
-template <class Act>
-QStringList logOf(Act act) {
-    QStringList lines;
-    heard = &lines;
-    const QtMessageHandler previous =
-        qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &line) { heard->append(line); });
-    act();
-    qInstallMessageHandler(previous);
-    return lines;
-}
 
 /// Answers with the context in front of the text.
 class ContextShower : public QTranslator {
@@ -61,10 +48,9 @@ TEST(HelperTexts, Enumerators) {
 }
 
 TEST(HelperTexts, AnUnknownHDCPTypeIsLoggedAndNeverOn) {
-    QString text;
-    EXPECT_EQ(logOf([&] { text = Helper::HDCPTypeQString(HDCPType(9), false); }),
-              QStringList("HDCPProtoMap do not have hdcpType"));
-    EXPECT_EQ(text, "N/A");
+    const Quorix::Tests::MessageLog log;
+    EXPECT_EQ(Helper::HDCPTypeQString(HDCPType(9), false), "N/A");
+    EXPECT_EQ(log.take(), QStringList("warning: HDCPProtoMap do not have hdcpType"));
 }
 
 TEST(HelperTexts, GoThroughTheTranslationOfTheirContext) {
