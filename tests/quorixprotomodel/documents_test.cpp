@@ -1,7 +1,7 @@
 /// The stored form of each record: defaults, key order, and that every key reaches a member which equality sees.
-#include <quorixprotomodel/quorixprotomodel.h>
+#include "document_row.h"
 
-#include <gtest/gtest.h>
+#include <quorixprotomodel/quorixprotomodel.h>
 
 #include <regex>
 #include <string>
@@ -9,29 +9,6 @@
 namespace {
 
 using namespace Quorix::ProtoModel;
-
-template <class T>
-T decoded(const std::string &text) {
-    T record;
-    std::string error;
-    EXPECT_TRUE(decode(text, record, error)) << error;
-    return record;
-}
-
-struct Row {
-    const char *name;
-    std::string document;                        ///< of a new record
-    std::string (*encodeNew)();                  ///< writes a new record
-    std::string (*rewrite)(const std::string &); ///< reads into a new record and writes that
-    bool (*readsAsNew)(const std::string &);     ///< reads into a new record and compares that with another new one
-};
-
-template <class T>
-Row row(const char *name, std::string document) {
-    return {name, std::move(document), [] { return ajson::encode(T{}); },
-            [](const std::string &text) { return ajson::encode(decoded<T>(text)); },
-            [](const std::string &text) { return decoded<T>(text) == T{}; }};
-}
 
 const std::string kPos = R"({"x":0,"y":0})";
 const std::string kRect = R"({"x":0,"y":0,"width":1920,"height":1080})";
