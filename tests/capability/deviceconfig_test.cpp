@@ -9,6 +9,7 @@
 #include <thread>
 
 using namespace Quorix::BizModel;
+using testing::ElementsAre;
 
 namespace {
 
@@ -60,65 +61,39 @@ TEST_F(DeviceConfigTest, AttributesGoToTheirFields) {
         Get get;
     } rows[] = {
         {"ModelID", "IsSupportCancelProcess", 0, 1, FIELD(IsSupportCancelProcess)},
-        {"ModelID", "IsSupportPeripheral", 0, 1, FIELD(IsSupportPeripheral)},
-        {"ModelID", "IsSupportCutFill", 0, 1, FIELD(IsSupportCutFill)},
         {"ModelID", "IsRestoreKeepUserData", 0, 1, FIELD(IsRestoreKeepUserData)},
-        {"ModelID", "IsSupportSoftShutdown", 0, 1, FIELD(IsSupportSoftShutdown)},
         {"ModelID", "IsSupportSoftRestart", 0, 1, FIELD(IsSupportSoftRestart)},
-        {"ModelID", "IsSupportDeviceSelfTest", 0, 1, FIELD(IsSupportDeviceSelfTest)},
         {"ModelID", "IsSupportProjectFile", 0, 1, FIELD(IsSupportProjectFile)},
-        {"ModelID", "IsSupportEDIDImportExport", 0, 1, FIELD(IsSupportEDIDImportExport)},
         {"ModelID", "IsSupportPresetLoadToPGM", 0, 1, FIELD(IsSupportPresetLoadToPGM)},
-        {"ModelID", "ProjectFileType", 0, 1, FIELD(ProjectFileType)},
         {"ModelID", "IsSupportFactoryResetAutoRestart", 0, 1, FIELD(IsSupportFactoryResetAutoRestart)},
         {"ModelID", "UpgradeType", 0, 3, FIELD(UpgradeType)},
-        {"ModelID", "CPUType", 0, 3, FIELD(CPUType)},
         {"ModelID", "Ethernet", 0, 3, FIELD(EthernetType)},
-        {"MainScreens", "MaxScreenCount", 0, 3, FIELD(MainScreenCfg.MaxScreenCount)},
         {"MainScreens", "MaxLayerCount", 0, 3, FIELD(MainScreenCfg.MaxLayerCount)},
         {"MainScreens", "PGMLayerOffset", 0, 3, FIELD(MainScreenCfg.PGMLayerOffset)},
-        {"MainScreens", "IsSupportPGMFreeze", 0, 1, FIELD(MainScreenCfg.IsSupportPGMFreeze)},
         {"MainScreens", "IsSupportProjectionFusion", 0, 1, FIELD(MainScreenCfg.IsSupportProjectionFusion)},
-        {"MainScreens", "IsSupportVirtualScreen", 0, 1, FIELD(MainScreenCfg.IsSupportVirtualScreen)},
         {"MainScreens", "IsSupportOutputZOrder", 0, 1, FIELD(MainScreenCfg.IsSupportOutputZOrder)},
-        {"MainScreens", "IsSupportIncompleteSplicing", 0, 1, FIELD(MainScreenCfg.IsSupportIncompleteSplicing)},
         {"MainScreens", "SpliceMode", 2, 3, FIELD(MainScreenCfg.ScreenSpliceMode)},
-        {"Layer", "IsSupportMonoColor", 0, 1, FIELD(MainScreenCfg.MainLayerCfg.IsSupportMonoColor)},
         {"Layer", "IsSupportReverseColor", 0, 1, FIELD(MainScreenCfg.MainLayerCfg.IsSupportReverseColor)},
-        {"Layer", "IsSupportFlip", 0, 1, FIELD(MainScreenCfg.MainLayerCfg.IsSupportFlip)},
         {"Layer", "IsSupportMask", 0, 1, FIELD(MainScreenCfg.MainLayerCfg.IsSupportMask)},
-        {"Layer", "IsSupportIntercept", 0, 1, FIELD(MainScreenCfg.MainLayerCfg.IsSupportIntercept)},
-        {"Layer", "IsSupportFreeze", 0, 1, FIELD(MainScreenCfg.MainLayerCfg.IsSupportFreeze)},
         {"Layer", "IsSupportBroder", 0, 1, FIELD(MainScreenCfg.MainLayerCfg.IsSupportBorder)},
-        {"MvrScreens", "IsSupport", 0, 1, FIELD(MVRScreensCfg.IsSupport)},
         {"MvrScreens", "IsManualSwitch", 0, 0, FIELD(MVRScreensCfg.IsManualSwitch)},
         {"MvrScreens", "OpenState", 0, 3, FIELD(MVRScreensCfg.OpenState)},
-        {"MvrScreens", "SlotCount", 0, 3, FIELD(MVRScreensCfg.SlotCount)},
         {"MvrScreens", "StartSlotIndex", 255, 3, FIELD(MVRScreensCfg.StartSlotIndex)},
-        {"MvrScreens", "IsSupportIncompleteSplicing", 0, 1, FIELD(MVRScreensCfg.IsSupportIncompleteSplicing)},
         {"MvrScreens", "SpliceMode", 2, 3, FIELD(MVRScreensCfg.ScreenSpliceMode)},
         {"AuxScreens", "IsSupport", 0, 1, FIELD(AuxSceensCfg.IsSupport)},
         {"AuxScreens", "IsManualSwitch", 0, 0, FIELD(AuxSceensCfg.IsManualSwitch)},
-        {"AuxScreens", "OpenState", 0, 3, FIELD(AuxSceensCfg.OpenState)},
-        {"AuxScreens", "SlotCount", 0, 3, FIELD(AuxSceensCfg.SlotCount)},
         {"AuxScreens", "StartSlotIndex", 255, 3, FIELD(AuxSceensCfg.StartSlotIndex)},
         {"AuxScreens", "IsSupportIncompleteSplicing", 0, 1, FIELD(AuxSceensCfg.IsSupportIncompleteSplicing)},
-        {"AuxScreens", "SpliceMode", 2, 3, FIELD(AuxSceensCfg.ScreenSpliceMode)},
         {"AuxScreens", "MaxAUXLayerCount", 0, 3, FIELD(AuxSceensCfg.MaxAUXLayerCount)},
         {"AuxScreens", "MaxAUXScreenCount", 0, 3, FIELD(AuxSceensCfg.MaxAUXScreenCount)},
         {"AuxScreens", "IsEXPSlotSupport", 0, 1, FIELD(AuxSceensCfg.IsEXPSlotSupport)},
-        {"EchoVideo", "PCVideoType", 0, 3, FIELD(EchoVideoCfg.PCVideoSourceType)},
         {"EchoVideo", "ECVideoType", 0, 3, FIELD(EchoVideoCfg.ECVideoSourceType)},
-        {"EchoVideo", "RemotePort", 0, 3, FIELD(EchoVideoCfg.RemotePort)},
         {"EchoVideo", "SlotIndex", 0, 3, FIELD(EchoVideoCfg.SlotIndex)},
         {"EchoVideo", "ConnectorIndex", 0, 3, FIELD(EchoVideoCfg.ConnectorIndex)},
         {"EchoVideo", "FPS", 15, 3, FIELD(EchoVideoCfg.FPS)},
         {"Input", "IsSupportCutout", 0, 1, FIELD(InputCfg.IsSupportCutout)},
-        {"Input", "IsSupportHDCP", 0, 1, FIELD(InputCfg.IsSupportHDCP)},
         {"MvrLayer", "AntishakeOffset", 0, 3, FIELD(MvrLayerCfg.AntishakeOffset)},
         {"Output", "IsSupportVPU", 0, 1, FIELD(OutputCfg.IsSupportVPU)},
-        {"Output", "IsSupportAOI", 0, 1, FIELD(OutputCfg.IsSupportAOI)},
-        {"Output", "IsSupportHDCP", 0, 1, FIELD(OutputCfg.IsSupportHDCP)},
     };
     const QByteArray device = edited(edited(kDevice, "<MainScreens/>", "<MainScreens><Layer/></MainScreens>"),
                                      "</Screens>", "</Screens><EchoVideo/><Input/><MvrLayer/><Output/>");
@@ -137,36 +112,21 @@ TEST_F(DeviceConfigTest, ElementsGoToTheirFields) {
     EXPECT_EQ(c.Name, "Elm");
     EXPECT_EQ(c.IconName, "elm_icon");
     EXPECT_EQ(read(edited(kDevice, "Icon=\"elm_icon\"", "")).IconName, "Elm");
-    const struct {
-        int is, wanted;
-    } numbers[] = {
-        {c.SlotCount, 9},
-        {c.ModelID, 100},
-        {c.BackplaneModelId, 200},
-        {c.InputSlotCount, 4},
-        {c.InputSlotStartIndex, 2},
-        {c.OutputSlotCount, 2},
-        {c.ExpSlotCount, 3},
-        {c.ExpSlotStartIndex, 5},
-        {c.OutputSlotStartIndex, 6},
-        {c.AuxSlotCount, 0},
-        {c.AuxSlotStartIndex, 255},
-        {toInt(c.SubCardDirection), 2},
-        {c.upgradeCfgs.size(), 2},
-        {c.upgradeCfgs[0].type, 3},
-        {c.upgradeCfgs[0].compatibilityCode, 8},
-        {c.upgradeCfgs[0].visible, 1},
-        {c.upgradeCfgs[1].visible, 0},
-        {c.UpgradeVersions["V1"], 1},
-        {c.findCodeBySectionName("Main"), 7},
-        {c.findCodeBySectionName("None"), -1},
-        {c.InputCfg.IsSupportCutout, 1},
-        {c.OutputCfg.IsSupportVPU, 1}, // true without their elements
-        {c.EchoVideoCfg.SlotIndex, 255},
-        {c.MaxPresetCount, 240},
-    };
-    for (const auto &number : numbers)
-        EXPECT_EQ(number.is, number.wanted) << "row " << &number - numbers;
+    EXPECT_THAT(
+        (std::vector<int>{c.SlotCount, c.ModelID, c.BackplaneModelId, c.MaxPresetCount, toInt(c.SubCardDirection)}),
+        ElementsAre(9, 100, 200, 240, 2));
+    EXPECT_THAT((std::vector<int>{c.InputSlotCount, c.InputSlotStartIndex, c.OutputSlotCount, c.OutputSlotStartIndex,
+                                  c.ExpSlotCount, c.ExpSlotStartIndex, c.AuxSlotCount, c.AuxSlotStartIndex}),
+                ElementsAre(4, 2, 2, 6, 3, 5, 0, 255));
+    ASSERT_EQ(c.upgradeCfgs.size(), 2);
+    const s_UpgradeCfg section = c.upgradeCfgs[0];
+    EXPECT_THAT((std::vector<int>{section.type, section.sectionCode, section.compatibilityCode, section.visible}),
+                ElementsAre(3, 7, 8, true));
+    EXPECT_FALSE(c.upgradeCfgs[1].visible);
+    EXPECT_EQ(c.UpgradeVersions["V1"], 1);
+    EXPECT_TRUE(c.InputCfg.IsSupportCutout && c.OutputCfg.IsSupportVPU); // true without their elements
+    EXPECT_EQ(c.findCodeBySectionName("Main"), 7);
+    EXPECT_EQ(c.findCodeBySectionName("None"), -1);
     EXPECT_EQ(c.findSectionNameByCode(7), "Main");
 
     // What stands in a list already is dropped.
@@ -209,7 +169,6 @@ TEST_F(DeviceConfigTest, BadDeviceFiles) {
         {"<en>Elm</en>", "", "Invalid [en] node."},
         {"<ModelID>100</ModelID>", "", "Elm Invalid [ModelID] node."},
         {"<BackplaneModelId>200</BackplaneModelId>", "", "Elm Invalid [BackplaneModelId] node."},
-
         {"<MainScreens/>", "", "Elm Invalid [MainScreens] node."},
         // A bad card speaks before a later element that is missing, and without the model's name.
 

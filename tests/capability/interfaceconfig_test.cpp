@@ -4,6 +4,7 @@
 #include <quorixbizmodel/common/enumtools.h>
 
 using namespace Quorix::BizModel;
+using testing::ElementsAre;
 using Config = InterfaceConfig;
 using Link = Quorix::ProtoModel::Device::s_Connectors;
 
@@ -81,39 +82,31 @@ TEST_F(InterfaceConfigTest, ConnectorTypeFields) {
     read(file({}));
     ASSERT_EQ(config->connectorInfos().size(), 2);
     const Config::ConnectorInfo info = config->connectorInfos()[0];
-    const std::vector<std::pair<double, double>> rows = {
-        {toInt(info.m_eType), 5},
-        {toInt(info.m_eSignalType), 1},
-        {info.m_colorSpace, 2},
-        {info.m_colorDepth, 10},
-        {info.m_listCardSort[0].cardType, 1},
-        {info.m_listCardSort[0].HDCPSwitch, 1},
-        {info.m_listCardSort[0].currentHDCP, 2},
-        {info.m_listCardSort[0].currentHDCPOnMaxCapacity, 3},
-        {info.m_listCardSort[0].m_listPredefinedHDCPType[0].hdcpType, 1},
-        {info.m_listHDR.size(), 3},
-        {info.m_listHDR[0].isSupportHDR, 0},
-        {info.m_listHDR[1].isSupportHDR, 1},
-        {info.m_listHDR[2].isSupportHDR, 0},
-        {info.m_listCapacityMode[0].m_listConnectorCapacity[0].maxBandwidth, 4294967295.0},
-        {info.m_listCapacityMode[0].m_listConnectorCapacity[0].defaultRefreshRate, 59.94F},
-        {info.m_listCapacityMode[0].m_listConnectorCapacity[1].sizeMaxResolution.height(), 2160},
-        {info.m_listCapacityMode[0].m_listConnectorCapacity[1].sizeDefaultResolution.width(), 0},
-        {info.m_sizeDefaultResolution.height(), 600},
-        {info.m_fDefaultRefreshRate, 59.94F},
-        {info.m_sizeMinResolution.width(), 0},
-        {info.m_sizeMinResolution.height(), 480},
-        {info.m_sizeMaxOutResolution.width(), 4096}, // absent: as for inputs
-        {info.m_fMaxOutRefreshRate, 30},
-        {info.m_fMaxRefreshRate, 120},
-        {info.m_sizeMinOutResolution.height(), 0}, // there, but no number
-        {info.m_listPredefinedResolutionRatio[4].iInterlaced, 1},
-        {info.m_listPredefinedResolutionRatio[4].iFormatMapping, 2},
-        {info.m_nMaxBandwidth, 297000000},
-        {info.m_nMinBandwidth, 0},
-    };
-    for (const auto &row : rows)
-        EXPECT_EQ(row.first, row.second) << "row " << &row - rows.data();
+    EXPECT_THAT(
+        (std::vector<int>{toInt(info.m_eType), toInt(info.m_eSignalType), info.m_colorSpace, info.m_colorDepth}),
+        ElementsAre(5, 1, 2, 10));
+    const Config::CardAttribute hdcp = info.m_listCardSort[0];
+    EXPECT_THAT((std::vector<int>{hdcp.cardType, hdcp.HDCPSwitch, hdcp.currentHDCP, hdcp.currentHDCPOnMaxCapacity}),
+                ElementsAre(1, true, 2, 3));
+    EXPECT_EQ(hdcp.m_listPredefinedHDCPType[0].hdcpType, 1);
+    ASSERT_EQ(info.m_listHDR.size(), 3);
+    EXPECT_TRUE(!info.m_listHDR[0].isSupportHDR && info.m_listHDR[1].isSupportHDR && !info.m_listHDR[2].isSupportHDR);
+    const Config::ConnectorCapacity low = info.m_listCapacityMode[0].m_listConnectorCapacity[0];
+    const Config::ConnectorCapacity high = info.m_listCapacityMode[0].m_listConnectorCapacity[1];
+    EXPECT_EQ(low.maxBandwidth, 4294967295U);
+    EXPECT_EQ(low.defaultRefreshRate, 59.94F);
+    EXPECT_EQ(low.sizeDefaultResolution, QSize(1920, 1080));
+    EXPECT_EQ(high.sizeDefaultResolution, QSize(0, 0));
+    EXPECT_EQ(high.sizeMaxResolution, QSize(3840, 2160));
+    EXPECT_EQ(info.m_sizeDefaultResolution, QSize(800, 600));
+    EXPECT_EQ(info.m_sizeMinResolution, QSize(0, 480));
+    EXPECT_EQ(info.m_sizeMaxOutResolution, QSize(4096, 2160)); // absent: as for inputs
+    EXPECT_EQ(info.m_sizeMinOutResolution, QSize(0, 0));       // the height is there, but no number
+    EXPECT_EQ(info.m_fMaxRefreshRate, 120.0F);
+    EXPECT_EQ(info.m_fMaxOutRefreshRate, 30.0F);
+    EXPECT_EQ(info.m_listPredefinedResolutionRatio[4].iInterlaced, 1);
+    EXPECT_EQ(info.m_listPredefinedResolutionRatio[4].iFormatMapping, 2);
+    EXPECT_EQ(info.m_nMaxBandwidth, 297000000U);
     EXPECT_EQ(info.m_strName + info.m_strShortName + info.m_strIconName, "LongSplug");
 }
 
@@ -153,24 +146,16 @@ TEST_F(InterfaceConfigTest, CardFields) {
     EXPECT_EQ(connectors[4].Margin, 4U);
     EXPECT_TRUE(!connectors[4].Visible && connectors[4].OriginType == 6 && connectors[4].Step == 2);
 
-    using Mode = Enum::CapacitySwitchMode;
-    const LogCapture log;
-    const struct {
-        bool found, missing, wanted;
-    } flags[] = {
-        {config->isSupportOverLoad(11), config->isSupportOverLoad(99), true},
-        {config->isSupportCustomEdid(11), config->isSupportCustomEdid(99), false},
-        {config->IsSupportColorSpace(11), config->IsSupportColorSpace(99), true},
-        {config->IsSupportColorDepth(11), config->IsSupportColorDepth(99), false},
-        {config->IsSupportCopyMode(11), config->IsSupportCopyMode(99), false},
-        {config->IsSupportCapacityDownward(11), config->IsSupportCapacityDownward(99), true},
-        {config->IsSupportFormatMapping(11), config->IsSupportFormatMapping(99), true},
-        {config->capacitySwitchMode(12) == Mode::SubCard, config->capacitySwitchMode(99) == Mode::SubCard, true},
+    const auto flags = [this](quint16 id) {
+        return std::vector<int>{config->isSupportOverLoad(id),         config->isSupportCustomEdid(id),
+                                config->IsSupportColorSpace(id),       config->IsSupportColorDepth(id),
+                                config->IsSupportCapacityDownward(id), config->IsSupportFormatMapping(id),
+                                config->IsSupportCopyMode(id),         toInt(config->capacitySwitchMode(id))};
     };
-    for (const auto &flag : flags) {
-        EXPECT_EQ(flag.found, flag.wanted) << "row " << &flag - flags;
-        EXPECT_FALSE(flag.missing);
-    }
+    EXPECT_THAT(flags(11), ElementsAre(true, false, true, false, true, true, false, 1));
+    EXPECT_EQ(toInt(config->capacitySwitchMode(12)), 0);
+    const LogCapture log;
+    EXPECT_THAT(flags(99), ElementsAre(false, false, false, false, false, false, false, 1));
     EXPECT_EQ(LogCapture::lines(), QStringList(QVector<QString>(7, "D The pSubCard is null").toList()));
 }
 
