@@ -11,6 +11,7 @@ set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
 # Line tables are enough for a stack trace and keep builds quick.
 set(CMAKE_CXX_FLAGS_RELWITHDEBINFO "-O2 -g1")
+set(CMAKE_CXX_FLAGS_SANITIZE "-O1 -g1")
 
 if(NOT CMAKE_BUILD_TYPE)
     set(CMAKE_BUILD_TYPE RelWithDebInfo CACHE STRING "" FORCE)
@@ -18,7 +19,9 @@ endif()
 
 find_program(QUORIX_CCACHE ccache)
 if(QUORIX_CCACHE)
-    set(CMAKE_CXX_COMPILER_LAUNCHER ${QUORIX_CCACHE})
+    # ccache takes a precompiled header only when told that its time stamps and macros don't matter.
+    set(CMAKE_CXX_COMPILER_LAUNCHER
+        ${CMAKE_COMMAND};-E;env;CCACHE_SLOPPINESS=pch_defines,time_macros;${QUORIX_CCACHE})
 endif()
 
 set(QUORIX_SANITIZE "" CACHE STRING "Sanitizers, comma separated: address,undefined or thread")

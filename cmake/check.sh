@@ -1,0 +1,68 @@
+#!/usr/bin/env bash
+# The stricter checks behind `make check`: format, static analysis, sanitizers, fuzzing, the size of the tests, exported
+# symbols and an installed consumer. Each step says its name; the first failure ends the run.
+# FUZZ_SECONDS (each target, default 20) and TIDY_BASE (a revision: analyse only what changed since) can be set.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+jobs=${JOBS:-$(nproc)}
+export QT_QPA_PLATFORM=offscreen
+
+step() { printf '\n== %s\n' "$*"; }
+sources() { git ls-files --cached --others --exclude-standard -- "$@"; }
+
+step "format"
+sources 'src/*.h' 'src/*.cpp' 'tests/*.h' 'tests/*.cpp' 'bench/*.cpp' 'docs/*.cpp' |
+    xargs -r clang-format --dry-run --Werror
+
+step "size of the tests"
+lines() { sources "$@" | xargs -r cat | grep -cv '^[[:space:]]*$'; }
+code=$(lines 'src/*.h' 'src/*.cpp')
+tests=$(lines 'tests/*.h' 'tests/*.cpp')
+awk -v c="$code" -v t="$tests" 'BEGIN {
+    r = t / c; printf "src %d, tests %d lines: %.2f (wanted 0.25 to 0.33)\n", c, t, r; exit (r < 0.25 || r > 0.335) }'
+
+step "documents"
+cmake/check-words.sh
+
+step "sanitizers: address and undefined behaviour"
+cmake --preset asan >/dev/null
+cmake --build --preset asan -j "$jobs" --quiet
+ctest --preset asan -j "$jobs"
+
+step "sanitizers: threads"
+cmake --preset tsan >/dev/null
+cmake --build --preset tsan -j "$jobs" --quiet
+ctest --preset tsan -j "$jobs"
+
+step "fuzzing"
+cmake --preset fuzz >/dev/null
+cmake --build --preset fuzz -j "$jobs" --quiet
+for target in build/fuzz/bin/fuzz_*; do
+    name=${target##*/fuzz_}
+    work=build/fuzz/corpus/$name
+    mkdir -p "$work"
+    echo "-- $name"
+    # Leak detection stays on; findings are written beside the working corpus and end the run.
+    "$target" -max_total_time="${FUZZ_SECONDS:-20}" -rss_limit_mb=2048 -timeout=20 -print_final_stats=0 -verbosity=0 \
+        -artifact_prefix="$work/finding-" "$work" "tests/fuzz/corpus/$name"
+done
+
+step "static analysis"
+cmake --preset default >/dev/null
+cmake --build --preset default -j "$jobs" --quiet
+changed() { if [ -n "${TIDY_BASE:-}" ]; then git diff --name-only "$TIDY_BASE" -- "$@"; else sources "$@"; fi; }
+changed 'src/*.cpp' | xargs -r -P "$jobs" -n 4 clang-tidy -p build/default --quiet 2>/dev/null
+
+step "exported symbols"
+cmake/check-symbols.sh build/default/lib/libquorixbizmodel.so.1
+
+step "installed consumer"
+rm -rf build/stage build/consumer
+cmake --install build/default --prefix build/stage >/dev/null
+cmake -S tests/consumer -B build/consumer -G Ninja -DCMAKE_PREFIX_PATH="$PWD/build/stage" >/dev/null
+cmake --build build/consumer --quiet
+LD_LIBRARY_PATH=$(dirname "$(find build/stage -name libquorixbizmodel.so.1)") build/consumer/consumer
+pc=$(dirname "$(find build/stage -name quorixbizmodel.pc)")
+PKG_CONFIG_PATH=$pc pkg-config --cflags --libs quorixbizmodel >/dev/null
+
+printf '\nAll checks passed.\n'

@@ -1,0 +1,72 @@
+#include "hublistener.h"
+
+#include <quorixbizmodel/device/device.h>
+#include <quorixbizmodel/hub/devicelist.h>
+
+namespace quorixctl {
+namespace {
+
+using namespace Quorix::BizModel;
+
+std::string deviceText(const std::shared_ptr<Device> &device) {
+    return device ? device->ipMacSn().toStdString() : std::string("gone");
+}
+
+template <class T>
+const T &as(const void *argument) {
+    return *static_cast<const T *>(argument);
+}
+
+/// How an argument of a type reads; owners stand in front of an event's other arguments.
+struct ArgumentForm {
+    const char *type; ///< as the hub's declaration spells it
+    bool isOwner;
+    std::string (*text)(const void *);
+};
+
+const ArgumentForm kForms[] = {
+    {"std::weak_ptr<Device>", true, [](const void *a) { return deviceText(as<std::weak_ptr<Device>>(a).lock()); }},
+    {"std::shared_ptr<Device>", true, [](const void *a) { return deviceText(as<std::shared_ptr<Device>>(a)); }},
+    {"QString", false, [](const void *a) { return as<QString>(a).toStdString(); }},
+    {"int", false, [](const void *a) { return std::to_string(as<int>(a)); }},
+    {"bool", false, [](const void *a) { return std::string(as<bool>(a) ? "true" : "false"); }},
+};
+
+HubEvent describe(const QMetaMethod &signal, void **arguments) {
+    HubEvent event{signal.name().toStdString(), {}, {}};
+    const QList<QByteArray> types = signal.parameterTypes();
+    for (int i = 0; i < types.size(); ++i) {
+        const auto form = std::find_if(std::begin(kForms), std::end(kForms),
+                                       [&](const ArgumentForm &row) { return types[i] == row.type; });
+        if (form == std::end(kForms))
+            event.arguments.push_back(types[i].toStdString());
+        else
+            (form->isOwner ? event.owners : event.arguments).push_back(form->text(arguments[i + 1]));
+    }
+    return event;
+}
+
+} // namespace
+
+HubListener::HubListener(std::function<void(const HubEvent &)> heard) : m_heard(std::move(heard)) {
+    const QObject *hub = DeviceList::instance();
+    for (int i = QObject::staticMetaObject.methodCount(); i < hub->metaObject()->methodCount(); ++i) {
+        const QMetaMethod method = hub->metaObject()->method(i);
+        if (method.methodType() != QMetaMethod::Signal)
+            continue;
+        const int slot = QObject::staticMetaObject.methodCount() + static_cast<int>(m_signals.size());
+        m_signals.push_back(method);
+        QMetaObject::connect(hub, i, this, slot, Qt::DirectConnection);
+    }
+}
+
+int HubListener::qt_metacall(QMetaObject::Call call, int id, void **arguments) {
+    id = QObject::qt_metacall(call, id, arguments);
+    if (id < 0 || call != QMetaObject::InvokeMetaMethod)
+        return id;
+    if (static_cast<std::size_t>(id) < m_signals.size())
+        m_heard(describe(m_signals[static_cast<std::size_t>(id)], arguments));
+    return -1;
+}
+
+} // namespace quorixctl
