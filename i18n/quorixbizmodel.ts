@@ -2,21 +2,6 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="en">
 <context>
-    <name></name>
-    <message>
-        <source>Invalid [%1] node.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Invalid [%1] attribute.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>The Sub card contains an invalid Connector type [%1].</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
     <name>ConfigXml</name>
     <message>
         <source>internal document type definitions are not supported</source>
@@ -123,6 +108,18 @@
     </message>
     <message>
         <source>This file is not a valid configuration file of version 1.0 .</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Invalid [%1] node.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Invalid [%1] attribute.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The Sub card contains an invalid Connector type [%1].</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -17,7 +17,7 @@ namespace {
 
 using Config = InterfaceConfig;
 
-QString invalidNode(const char *tag) { return Config::tr("Invalid [%1] node.").arg(QLatin1String(tag)); }
+QString invalidNode(const char *tag) { return InterfaceConfig::tr("Invalid [%1] node.").arg(QLatin1String(tag)); }
 
 struct Context {
     QString &errMsg;
@@ -137,7 +137,7 @@ constexpr Attribute<Config::s_ConnectorGroup> kConnectorGroupAttributes[] = {
 /// Resolution and rate of a timing, which have to be there and to parse.
 bool readTiming(const QDomElement &element, QSize &size, float &rate, Context &context) {
     const auto fail = [&context](const char *name) {
-        context.detail = Config::tr("Invalid [%1] attribute.").arg(QLatin1String(name));
+        context.detail = InterfaceConfig::tr("Invalid [%1] attribute.").arg(QLatin1String(name));
         return false;
     };
     qint64 number = 0;
@@ -244,7 +244,8 @@ bool readPortType(Port &port, const QDomElement &element, Context &context) {
     const bool isKnown = std::any_of(context.types.cbegin(), context.types.cend(),
                                      [&](const Info &info) { return toInt(info.m_eType) == port.Connector.type; });
     if (!isKnown)
-        context.detail = Config::tr("The Sub card contains an invalid Connector type [%1].").arg(element.text());
+        context.detail =
+            InterfaceConfig::tr("The Sub card contains an invalid Connector type [%1].").arg(element.text());
     return isKnown;
 }
 
