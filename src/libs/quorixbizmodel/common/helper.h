@@ -41,7 +41,7 @@ public:
     static int modelRate2ProtoRate(float value);
     static double protoHue2ModelHue(int value);
     static int modelHue2ProtoHue(double value);
-    /// Whole gammas only: 250 gives 2.0, as everything that reads a stored gamma expects.
+    /// Whole gammas only, the fraction is lost: 250 gives 2.0.
     static double protoGamma2ModelGamma(int value);
     static int modelGamma2ProtoGamma(double value);
     static double proto2ModelEffectTime(int value);

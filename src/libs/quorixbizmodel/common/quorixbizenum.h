@@ -1,5 +1,5 @@
 /// Enumerations of the model. Records carry them as 32-bit integers and documents as numbers, so the values are fixed;
-/// masks of the ones told to be bits travel as int (see enumtools.h).
+/// masks of those whose values are bits travel as int (see enumtools.h).
 #ifndef QUORIXBIZENUM_H
 #define QUORIXBIZENUM_H
 
@@ -189,7 +189,7 @@ enum class BorderType : std::int32_t {
 /// Mirroring of a layer picture.
 enum class FlipType : std::int32_t { Normal = 0, HoriImage = 1, VerImage = 2, DiagonalImage = 3 };
 
-/// Use of two layer resources: mixed in transitions, or single.
+/// How a layer is counted by the resource check.
 enum class LayerMode : std::int32_t { Mix = 0, Single = 1 };
 
 /// Kinds of layer, as bits of a mask. `NotImageType` is all that shows no stored picture.
@@ -296,7 +296,7 @@ enum class SwitchEffectType : std::int32_t {
     Ease2Center = 30
 };
 
-/// What of a screen is to be shown anew, as bits of a mask.
+/// What of the screens and layers has changed since the last notice, as bits of a mask.
 enum class UpdateType : std::int32_t { None = 0, PVW = 1, PGM = 2, Preset = 4 };
 
 } // namespace Screen
