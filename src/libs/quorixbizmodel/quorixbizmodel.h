@@ -14,5 +14,7 @@
 #include <quorixbizmodel/common/textdata.h>
 #include <quorixbizmodel/device/device.h>
 #include <quorixbizmodel/hub/devicelist.h>
+#include <quorixbizmodel/topology/connector.h>
+#include <quorixbizmodel/topology/subcard.h>
 
 #endif

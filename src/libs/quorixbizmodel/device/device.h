@@ -3,6 +3,7 @@
 #define QUORIXBIZMODEL_DEVICE_H
 
 #include <quorix_export.h>
+#include <quorixbizmodel/capability/interfaceconfig.h>
 #include <quorixbizmodel/common/guards.h>
 #include <quorixbizmodel/common/modelreferences.h>
 #include <quorixbizmodel/common/quorixbizenum.h>
@@ -13,14 +14,17 @@
 
 #include <QGraphicsView>
 #include <QList>
+#include <QMap>
 #include <QObject>
 #include <QString>
 
 #include <atomic>
 #include <cstdint>
+#include <initializer_list>
 #include <list>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -157,6 +161,88 @@ public:
     /// Name of a slot, from 0.
     QString subCardDescription(int position, bool isOpenedMVR);
 
+    // Cards (device_cards.cpp): the records, which are the truth about identity and status, and the live objects.
+    // No slot or connector that isn't there is an error: what can't be found changes nothing.
+
+    /// All cards by slot.
+    QList<std::weak_ptr<Subcard>> subcards();
+    std::weak_ptr<Subcard> slot(const uint8_t &slotId);
+    std::weak_ptr<Subcard> findSubcardBySlotId(const uint8_t &slotId);
+    bool isExistSlot(int slotId);
+    /// A pointer into the record that any report replaces. Requires: no report is under way. protoSlot() gives a copy.
+    ProtoModel::Device::s_subcardBody *findSlotById(uint8_t slotId);
+    /// Copies a record; false if there is none.
+    bool protoSlot(const uint8_t &slotId, ProtoModel::Device::s_subcardBody &body);
+    bool subcard(const ProtoModel::s_InterfaceID &interfaceId, ProtoModel::Device::s_subcardBody &body);
+    QList<ProtoModel::Device::s_subcardBody> protoSubcards();
+    bool containsSlot(const uint8_t &slotId);
+    bool isOnline(const ProtoModel::s_InterfaceID &interfaceId);
+    int onlineSubcardCount(Enum::Device::CardType cardType);
+    /// Of the first connector of the record that has one; `invaild` if none has.
+    Enum::Interface::CapacityMode subCardCapacity(uint8_t slotId);
+    /// 0 without a record.
+    int findSubcardBoardId(const uint8_t &slotId);
+    QList<int> findSubcardBoardIdByModelId(int modelId);
+    /// What a card model is in a slot: the slot decides, in the expansion range the list of AUX cards, too.
+    Enum::Device::CardType cardType(const quint8 &nSubcardIndex, const quint16 &nSubcradModelId);
+    /// What is wrong with a card, translated; empty for a normal one. @param onlineType Enum::Device::SlotStatusType
+    static QString slotErrorDescription(const uint8_t &onlineType);
+
+    /// A card object of this device, in no list yet.
+    std::shared_ptr<Subcard> generalSubCard(quint8 nSlotIndex, quint16 nSlotModelId);
+    /// Fills a record from the capability files; the connectors of an unknown model stay as they were.
+    void generalProtoSubCard(quint8 nSlotIndex, quint16 nSlotModelId, ProtoModel::Device::s_subcardBody &subCardBody);
+    /// Puts a card into a slot, laid out by the capability file; one without connectors there leaves the slot empty.
+    void addSubcard(quint8 nSlotIndex, quint16 nSlotModelId);
+    /// Puts a card without connectors into a slot; a slot beyond 8 bits is refused.
+    void addSubcard(int slotPos, Enum::Device::CardType type, const quint16 &subModelId);
+    /// Takes a card over; a slot without a record gets one with what the card says of itself.
+    void addSubcard(const std::shared_ptr<Subcard> &pSubcard);
+    /// Replaces all cards by those of slot to model id, without a signal for the old ones.
+    void initSubCards(const QMap<unsigned char, unsigned short> &slotIdForModelId);
+    /// Makes the card of a reported record, without a signal; the record must stand in the device already. Null for a
+    /// slot beyond 8 bits.
+    std::shared_ptr<Subcard> createSubCard(const ProtoModel::Device::s_subcardBody &subCardInfo);
+    void createSubCard(const std::vector<ProtoModel::Device::s_subcardBody> &subCardInfos);
+    void sortSlots();
+    /// Removes object and record; interfaces of the slot leave on their own.
+    void removeSubCard(uint8_t slotId);
+    void removeModelSubCard(uint8_t slotId);
+    void removeProtoSubCard(uint8_t slotId);
+
+    // Connectors (device_cards.cpp)
+
+    /// Pointers into the record, as findSlotById() gives; the second into the record that is passed.
+    /// protoConnector() gives a copy.
+    ProtoModel::Device::s_Connectors *findConnector(uint8_t slotId, uint8_t connectorId);
+    static ProtoModel::Device::s_Connectors *findConnector(const ProtoModel::Device::s_subcardBody &body,
+                                                           uint8_t connectorId);
+    ProtoModel::Device::s_Connectors *findConnector(const std::weak_ptr<Subcard> &subcard,
+                                                    const std::weak_ptr<Connector> &connector);
+    ProtoModel::Device::s_Connectors *getConnector(const ProtoModel::s_InterfaceID &interfaceId);
+    /// Copies the record of a connector; false if there is none.
+    bool protoConnector(int slotId, int connectorId, ProtoModel::Device::s_Connectors &connector);
+    /// Enum::Interface::WorkMode; `NoOutput` without a record.
+    int connectorWorkMode(const ProtoModel::s_InterfaceID &interfaceId);
+    /// Enum::Interface::ConnectorType; 0 without a record.
+    int connectorType(const ProtoModel::s_InterfaceID &interfaceId);
+    std::weak_ptr<Connector> findConnectorModel(uint8_t slotId, uint8_t connectorId);
+    void setConnectorCapacity(int slotId, int connectorId, Enum::Interface::CapacityMode capacity);
+    void setConnectorActived(int slotId, int connectorId, bool isActived);
+    void setConnectorOverLoad(int slotId, int connectorId, bool isOverLoad);
+    /// Enum::Interface::ConnectorType, WorkMode, CapacityMode.
+    void initConnectorData(int nSlotIndex, int nConnectorIndex, int type, int workMode, int capacityMode);
+    /// Replaces the record of a slot, or adds it.
+    void initProtoConnector(const ProtoModel::Device::s_subcardBody &subCardBody);
+    /// Refills the record of a slot from the capability files; adds one only for a model that has connectors.
+    void initProtoConnector(quint8 nSlotIndex, quint16 nSlotModelId);
+    /// Lets the card of a slot follow a record, or makes it.
+    void initModelConnector(const ProtoModel::Device::s_subcardBody &subCardBody);
+    /// Applies a layout of the capability file to the card of a slot, without a device. Both maps by position.
+    void setInterfaceInfo(const quint8 &nSubcardIndex,
+                          const QMap<unsigned char, InterfaceConfig::s_ConnectorInfo> &posForCardConnector,
+                          const QMap<unsigned char, InterfaceConfig::s_CardConnector> &cardConnector);
+
     // Reported state (device_sync.cpp)
 
     /// Empties the model without a signal. Online flag, model id, base info and previous address stay; with
@@ -240,6 +326,24 @@ private:
     void writeFirstNetwork(std::string ProtoModel::Device::s_NetworkBody::*field, const QString &value);
     /// Number of outputs of a kind.
     quint32 outputCount(Enum::Interface::InterfaceType type);
+
+    // Cards and connectors (device_cards.cpp): one field of a record, read or written under the lock. Ids are any
+    // numbers.
+    friend class Subcard;
+    friend class Connector;
+    std::optional<std::int32_t> slotValue(int slotId, std::int32_t ProtoModel::Device::s_subcardBody::*field);
+    void setSlotValues(
+        int slotId,
+        std::initializer_list<std::pair<std::int32_t ProtoModel::Device::s_subcardBody::*, std::int32_t>> values);
+    void clearProtoConnectors(int slotId);
+    /// Gives the old value, nothing without a record.
+    std::optional<std::int32_t> exchangeConnectorValue(int slotId, int connectorId,
+                                                       std::int32_t ProtoModel::Device::s_Connectors::*field,
+                                                       std::int32_t value);
+    std::shared_ptr<Subcard> cardAt(int slotId);
+    std::shared_ptr<Connector> connectorAt(int slotId, int connectorId);
+    void appendProtoSubcard(ProtoModel::Device::s_subcardBody body);
+    void appendModelSubcard(const std::shared_ptr<Subcard> &card);
 
     // "Main thread" marks a field without a lock.
 
