@@ -30,8 +30,11 @@ inline constexpr bool is_text = std::is_same_v<T, std::string>;
 
 template <class T>
 const char *read_scanned(reader &rd, T &value);
-template <class T>
+template <bool Roomy = false, class T>
 const char *read_value(reader &rd, const char *p, T &value);
+template <class T>
+requires registered<T>
+const char *read_opened(reader &rd, const char *p, T &value);
 
 // ---- single values, exact: the current token is the value, the reader stays right behind it
 
@@ -113,24 +116,23 @@ inline void token_to_text(reader &rd, std::string &value) {
         rd.error("not a valid string.");
 }
 
-// ---- single values, quick: the place behind the value, or null when the form is another one
+// ---- quick ways: the place behind the value, or null when the text has another form
 
-/// What must follow for a number to be whole and complete without another look.
+/// What may follow a number that is whole and complete without another look.
 inline bool ends_value(char c) { return c == ',' || c == '}' || c == ']'; }
 
-/// Room that the quick way of a number wants: a sign, twenty digits, the byte behind and a whole word.
-inline constexpr std::ptrdiff_t number_room = 32;
+/// Room that the quick way of a number wants: a sign, twenty digits and the byte behind.
+inline constexpr std::size_t number_room = 24;
 
+/// Requires: @ref number_room bytes at @p p.
 template <class T>
-const char *quick_whole(const char *p, const char *end, T &value) {
-    if (end - p < number_room)
-        return nullptr;
+const char *quick_whole(const char *p, T &value) {
     bool negative = false;
     if constexpr (std::is_signed_v<T>) {
         negative = *p == '-';
         p += negative ? 1 : 0;
     }
-    const char *first = p;
+    const char *const first = p;
     std::uint64_t whole = 0;
     for (; is_digit(*p) && p - first < 20; ++p)
         whole = whole * 10 + static_cast<std::uint64_t>(*p - '0');
@@ -140,39 +142,91 @@ const char *quick_whole(const char *p, const char *end, T &value) {
     return p;
 }
 
-inline const char *quick_text(const char *p, const char *end, std::string &value) {
+/// The closing quote of a string without escapes that begins at @p p, or null.
+inline const char *quick_quotes(const char *p, const char *end) {
     if (p == end || *p != '"')
         return nullptr;
     const char *close = find_quote(p + 1, end);
-    if (close == end || *close != '"')
-        return nullptr;
-    value.assign(p + 1, close);
-    return close + 1;
+    return close != end && *close == '"' ? close : nullptr;
+}
+
+/// The byte that begins a value of a type whose reading can be entered without looking any further, or NUL.
+template <class T>
+constexpr char opening() {
+    if constexpr (std::is_arithmetic_v<T> || std::is_enum_v<T> || is_text<T>)
+        return '\0';
+    else if constexpr (is_sequence<T> || std::is_array_v<T>)
+        return '[';
+    else if constexpr (is_shared<T>)
+        return opening<std::remove_const_t<typename T::element_type>>();
+    else
+        return '{';
 }
 
 // ---- arrays
 
-/// Reads the elements behind the opening bracket at @p p. @p element() gives where the next one goes and is asked
-/// when its first token has been taken: a fault in that token leaves the array as it was, one behind it doesn't.
-template <class Element>
+/// Reads the elements behind the opening bracket at @p p. @p element(place) gives where the one that begins there is
+/// to go. It is asked when the first token of the element is known to be whole: a fault in that token leaves the array
+/// as it was, one further on leaves the new element behind.
+template <class T, class Element>
 const char *read_elements(reader &rd, const char *p, Element element) {
     const reader::level level(rd, p, "array must start with [.");
     const token &tok = rd.cur_tok_;
-    rd.scan(p);
-    while (!tok.is(']')) {
-        p = read_scanned(rd, element());
+    for (;;) {
+        const auto room = static_cast<std::size_t>(rd.end() - p);
+        const char *behind = nullptr;
+        if (room > 0 && *p == ']')
+            return p + 1;
+        if constexpr (opening<T>() != '\0') {
+            if (room > 0 && *p == opening<T>())
+                behind = read_value(rd, p, element(p));
+        } else if constexpr (std::is_integral_v<T> && !std::is_same_v<T, bool>) {
+            T number = 0;
+            behind = room >= number_room ? quick_whole(p, number) : nullptr;
+            if (behind != nullptr)
+                element(p) = number;
+        } else if constexpr (is_text<T>) {
+            if (quick_quotes(p, rd.end()) != nullptr)
+                behind = read_value(rd, p, element(p));
+        }
+        if (behind == nullptr) {
+            rd.scan(p);
+            if (tok.is(']')) // behind white space; a comma may stand in front of it
+                return rd.cursor();
+            behind = read_scanned(rd, element(p));
+        }
+        p = behind;
         if (p < rd.end() && *p == ',') {
-            rd.scan(p + 1);
+            ++p;
             continue;
         }
         rd.scan(p);
+        p = rd.cursor();
         if (tok.is(']'))
-            break;
+            return p;
         if (!tok.is(','))
             rd.error("no valid array!");
-        rd.scan(rd.cursor());
     }
-    return rd.cursor();
+}
+
+template <class T, class A>
+const char *read_opened(reader &rd, const char *p, std::vector<T, A> &value) {
+    return read_elements<T>(rd, p, [&](const char *) -> T & { return value.emplace_back(); });
+}
+template <class T, class A>
+const char *read_opened(reader &rd, const char *p, std::list<T, A> &value) {
+    return read_elements<T>(rd, p, [&](const char *) -> T & { return value.emplace_back(); });
+}
+template <class T, std::size_t Size>
+const char *read_opened(reader &rd, const char *p, T (&value)[Size]) {
+    std::size_t count = 0;
+    return read_elements<T>(rd, p, [&](const char *place) -> T & {
+        if (count == Size) {
+            rd.scan(place);
+            rd.error("array overflow.");
+        }
+        return value[count++];
+    });
 }
 
 // ---- records
@@ -182,17 +236,19 @@ struct record_reader {
     using members = members_of<T>;
     static constexpr const auto &keys = members::keys;
 
-    /// Reads the members behind the opening brace at @p p.
+    /// Reads the members behind the opening brace at @p p: all in their order as long as each key is the next one,
+    /// byte for byte, and from the first surprise on one by one.
     static const char *read(reader &rd, const char *p, T &value) {
         const reader::level level(rd, p, "read object must start with {!");
         std::size_t done = 0;
-        members::for_each([&]<std::size_t I, auto Member>() {
-            if (done == I && expected<I>(p, rd.end())) {
-                p = read_value(rd, p + size<I>(), value.*Member);
-                ++done;
-            }
-        });
-        if (done == members::count && p < rd.end() && *p == '}')
+        const auto step = [&]<std::size_t I, auto Member>() {
+            if (!expected<I, Member>(p, rd.end()))
+                return false;
+            p = read_value<true>(rd, p + size<I>(), value.*Member);
+            ++done;
+            return true;
+        };
+        if (members::while_each(step) && p < rd.end() && *p == '}')
             return p + 1;
         return read_any_order(rd, p, value, done);
     }
@@ -203,33 +259,43 @@ private:
     static constexpr std::size_t size() {
         return keys.size(I) - (I == 0 ? 1 : 0);
     }
-    template <std::size_t I>
+    template <std::size_t I, auto Member>
     static bool expected(const char *p, const char *end) {
-        return static_cast<std::size_t>(end - p) >= size<I>() &&
+        return static_cast<std::size_t>(end - p) >= size<I>() + number_room &&
                same_bytes<size<I>()>(p, keys.key(I) + (I == 0 ? 1 : 0));
     }
 
     /// Goes on key by key, from the place behind the brace (@p next == 0) or behind a value.
-    static const char *read_any_order(reader &rd, const char *p, T &value, std::size_t next) {
+    [[gnu::noinline]] static const char *read_any_order(reader &rd, const char *p, T &value, std::size_t next) {
         constexpr const char *fault = "invalid json document!";
         const token &tok = rd.cur_tok_;
         for (bool first = next == 0;; first = false) {
-            rd.scan(p);
-            if (tok.is('}'))
-                return rd.cursor();
-            if (!first) {
-                if (!tok.is(','))
-                    rd.error(fault);
+            string_ref key;
+            const char *const quote = p + (first ? 0 : 1);
+            if (p < rd.end() && *p == '}')
+                return p + 1;
+            const char *close = first || (p < rd.end() && *p == ',') ? quick_quotes(quote, rd.end()) : nullptr;
+            if (close != nullptr && rd.end() - close > 1 && close[1] == ':') {
+                key = {quote + 1, static_cast<std::size_t>(close - quote - 1)};
+                p = close + 2;
+            } else {
+                rd.scan(p);
+                if (tok.is('}'))
+                    return rd.cursor();
+                if (!first) {
+                    if (!tok.is(','))
+                        rd.error(fault);
+                    rd.scan(rd.cursor());
+                }
+                if (tok.type != token::t_string)
+                    rd.error("object key must be string");
+                key = tok.str;
                 rd.scan(rd.cursor());
+                if (!tok.is(':'))
+                    rd.error(fault);
+                p = rd.cursor();
             }
-            if (tok.type != token::t_string)
-                rd.error("object key must be string");
-            const string_ref key = tok.str;
-            rd.scan(rd.cursor());
-            if (!tok.is(':'))
-                rd.error(fault);
-            p = rd.cursor();
-            const std::size_t place = keys.find(key, next);
+            const std::size_t place = keys.find(key, rd.end(), next);
             if (place == members::count) {
                 rd.scan(p);
                 skip_value(rd);
@@ -242,14 +308,26 @@ private:
     }
 
     static const char *read_member(reader &rd, const char *p, T &value, std::size_t place) {
-        const char *behind = p;
-        members::for_each([&]<std::size_t I, auto Member>() {
-            if (place == I)
-                behind = read_value(rd, p, value.*Member);
+        members::while_each([&]<std::size_t I, auto Member>() {
+            if (place != I)
+                return true;
+            p = read_value(rd, p, value.*Member);
+            return false;
         });
-        return behind;
+        return p;
     }
 };
+
+template <class T>
+requires registered<T>
+const char *read_opened(reader &rd, const char *p, T &value) { return record_reader<T>::read(rd, p, value); }
+
+template <class T>
+const char *read_opened(reader &rd, const char *p, std::shared_ptr<T> &value) {
+    if (value == nullptr)
+        value = std::make_shared<T>();
+    return read_opened(rd, p, *value);
+}
 
 // ---- any value
 
@@ -268,21 +346,6 @@ const char *read_scanned(reader &rd, T &value) {
         value = static_cast<T>(token_to_double(rd));
     } else if constexpr (is_text<T>) {
         token_to_text(rd, value);
-    } else if constexpr (std::is_array_v<T>) {
-        if (!rd.cur_tok_.is('['))
-            rd.error("array must start with [.");
-        std::size_t count = 0;
-        return read_elements(
-            rd, rd.cursor(), [&]() -> auto & {
-                if (count == std::extent_v<T>)
-                    rd.error("array overflow.");
-                return value[count++];
-            });
-    } else if constexpr (is_sequence<T>) {
-        if (!rd.cur_tok_.is('['))
-            rd.error("array must start with [.");
-        return read_elements(
-            rd, rd.cursor(), [&]() -> auto & { return value.emplace_back(); });
     } else if constexpr (is_shared<T>) {
         if (rd.cur_tok_.type != token::t_ctrl) {
             value.reset();
@@ -292,24 +355,37 @@ const char *read_scanned(reader &rd, T &value) {
             value = std::make_shared<typename T::element_type>();
         return read_scanned(rd, *value);
     } else {
-        static_assert(registered<T>, "a type without a registration: add a line QUORIX_AJSON(Type, members...)");
-        if (!rd.cur_tok_.is('{'))
-            rd.error("read object must start with {!");
-        return record_reader<T>::read(rd, rd.cursor(), value);
+        if (!rd.cur_tok_.is(opening<T>()))
+            rd.error(opening<T>() == '[' ? "array must start with [." : "read object must start with {!");
+        return read_opened(rd, rd.cursor(), value);
     }
     return rd.cursor();
 }
 
-/// Reads the value that begins at or behind @p p, and gives the place right behind it.
-template <class T>
+/// Reads the value that begins at or behind @p p, and gives the place right behind it. @p Roomy: the caller has made
+/// sure of @ref number_room bytes.
+template <bool Roomy, class T>
 const char *read_value(reader &rd, const char *p, T &value) {
-    const char *behind = nullptr;
-    if constexpr (std::is_integral_v<T> && !std::is_same_v<T, bool>)
-        behind = quick_whole(p, rd.end(), value);
-    else if constexpr (is_text<T>)
-        behind = quick_text(p, rd.end(), value);
-    if (behind != nullptr)
-        return behind;
+    const auto room = static_cast<std::size_t>(rd.end() - p);
+    if constexpr (std::is_same_v<T, bool>) {
+        if ((Roomy || room > 1) && (*p == '0' || *p == '1') && ends_value(p[1])) {
+            value = *p == '1';
+            return p + 1;
+        }
+    } else if constexpr (std::is_integral_v<T>) {
+        if (Roomy || room >= number_room) {
+            if (const char *behind = quick_whole(p, value))
+                return behind;
+        }
+    } else if constexpr (is_text<T>) {
+        if (const char *close = quick_quotes(p, rd.end())) {
+            value.assign(p + 1, close);
+            return close + 1;
+        }
+    } else if constexpr (opening<T>() != '\0') {
+        if ((Roomy || room > 0) && *p == opening<T>())
+            return read_opened(rd, p + 1, value);
+    }
     rd.scan(p);
     return read_scanned(rd, value);
 }

@@ -16,10 +16,9 @@ struct tag {};
 /// The keys of a record as the writer puts them and the reader meets them: `{"x":` for the first, `,"y":` for others.
 template <std::size_t Count, std::size_t Bytes>
 struct key_table {
-    static constexpr std::size_t marks = 4;  ///< bytes round a name: separator, two quotes, colon
-    static constexpr std::size_t slack = 16; ///< keys are copied and compared in whole words
+    static constexpr std::size_t marks = 4; ///< bytes round a name: separator, two quotes, colon
 
-    std::array<char, Bytes + slack> text{};
+    std::array<char, Bytes> text{};
     std::array<std::uint16_t, Count + 1> at{};
     std::array<std::uint64_t, Count> head{}; ///< the first eight bytes of the name, zeros behind a shorter one
 
@@ -47,10 +46,12 @@ struct key_table {
     [[nodiscard]] constexpr std::size_t name_size(std::size_t i) const { return size(i) - marks; }
 
     /// The place of a name, looked for first at @p hint and then from the first place on; Count if there is none.
-    [[nodiscard]] std::size_t find(string_ref wanted, std::size_t hint) const {
+    /// @p end: of the text that the name stands in.
+    [[nodiscard]] std::size_t find(string_ref wanted, const char *end, std::size_t hint) const {
         std::uint64_t first = 0;
-        if (wanted.len >= 8)
-            first = load8(wanted.str);
+        if (end - wanted.str >= 8)
+            first =
+                load8(wanted.str) & (wanted.len >= 8 ? ~std::uint64_t{0} : (std::uint64_t{1} << (8 * wanted.len)) - 1);
         else
             for (std::size_t i = 0; i < wanted.len; ++i)
                 first |= static_cast<std::uint64_t>(static_cast<unsigned char>(wanted.str[i])) << (8 * i);
@@ -92,6 +93,15 @@ struct registration {
     template <class Visit>
     static constexpr void for_each(Visit &&visit) {
         [&]<std::size_t... I>(std::index_sequence<I...>) { (visit.template operator()<I, Member>(), ...); }
+        (places{});
+    }
+
+    /// The same until one gives false; true if none did.
+    template <class Visit>
+    static constexpr bool while_each(Visit &&visit) {
+        return [&]<std::size_t... I>(std::index_sequence<I...>) {
+            return (visit.template operator()<I, Member>() && ...);
+        }
         (places{});
     }
 };

@@ -127,6 +127,16 @@ constexpr std::size_t longest() {
 template <class Stream, class T>
 char *put_value(Stream &stream, char *out, const T &value);
 
+/// Most integers of a record are switches and small ids, which need no call.
+template <class T>
+char *put_integer(char *out, T value) {
+    if (value >= 0 && value < 10) {
+        *out = static_cast<char>('0' + value);
+        return out + 1;
+    }
+    return std::to_chars(out, out + longest<T>(), value).ptr;
+}
+
 inline char *put_double(char *out, double value) {
     if (!std::isfinite(value))
         value = 0.0;
@@ -156,7 +166,6 @@ template <class T>
 struct record_writer {
     using members = members_of<T>;
     static constexpr const auto &keys = members::keys;
-    static constexpr std::size_t slack = keys.slack;
 
     static constexpr std::array<std::size_t, members::count> longest_member = [] {
         std::array<std::size_t, members::count> lengths{};
@@ -169,9 +178,9 @@ struct record_writer {
     /// What to make sure of in front of each member: all up to the closing brace, or up to a value of unknown length.
     static constexpr std::array<std::size_t, members::count + 1> room = [] {
         std::array<std::size_t, members::count + 1> sums{};
-        sums[members::count] = 1 + slack;
+        sums[members::count] = 1;
         for (std::size_t i = members::count; i-- > 0;)
-            sums[i] = keys.size(i) + (longest_member[i] == 0 ? slack : longest_member[i] + sums[i + 1]);
+            sums[i] = keys.size(i) + (longest_member[i] == 0 ? 0 : longest_member[i] + sums[i + 1]);
         return sums;
     }();
 
@@ -201,7 +210,7 @@ char *put_value(Stream &stream, char *out, const T &value) {
     } else if constexpr (std::is_enum_v<T>) {
         return put_value(stream, out, static_cast<std::underlying_type_t<T>>(value));
     } else if constexpr (std::is_integral_v<T>) {
-        return std::to_chars(out, out + longest<T>(), value).ptr;
+        return put_integer(out, value);
     } else if constexpr (std::is_floating_point_v<T>) {
         return put_double(out, static_cast<double>(value));
     } else if constexpr (is_text<T>) {
