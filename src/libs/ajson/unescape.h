@@ -83,7 +83,7 @@ inline char *unescape_one(const char *&p, const char *end, char *out) {
     return put_utf8(out, static_cast<std::uint32_t>(value));
 }
 
-/// Puts the unescaped text of [p, end) in place of what @p value holds; false for a bad escape.
+/// Puts the unescaped text of [p, end) in place of what @p value holds; false, and nothing there, for a bad escape.
 inline bool unescape(const char *p, const char *end, std::string &value) {
     // Pieces are gathered here first, so that the string takes its memory once and no more than it needs.
     std::array<char, 256> piece; // NOLINT(cppcoreguidelines-pro-type-member-init): only what was written is read
@@ -95,8 +95,10 @@ inline bool unescape(const char *p, const char *end, std::string &value) {
             *out++ = *p++;
         } else {
             char *behind = unescape_one(p, end, out);
-            if (behind == nullptr)
+            if (behind == nullptr) {
+                value.clear();
                 return false;
+            }
             out = behind;
         }
         if (out >= full) {
