@@ -4,12 +4,22 @@
 
 #include <QRect>
 
+#include <utility>
+
 namespace {
 
 using Quorix::BizModel::Helper;
 
 /// Columns from @p first to @p last, both included, of lines 10 to 19.
 QRect columns(int first, int last) { return {QPoint(first, 10), QPoint(last, 19)}; }
+
+TEST(HelperSplit, ChannelsOfACapacity) {
+    using Quorix::BizModel::Enum::Interface::CapacityMode;
+    constexpr std::pair<CapacityMode, int> kRows[] = {
+        {CapacityMode::_SL, 1}, {CapacityMode::_DL, 2}, {CapacityMode::_4K, 4}, {CapacityMode::invaild, 1}};
+    for (const auto &[capacity, channels] : kRows)
+        EXPECT_EQ(Helper::splitCount(capacity), channels);
+}
 
 TEST(HelperSplit, StripsOfTheInput) {
     const struct {

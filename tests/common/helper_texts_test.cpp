@@ -8,6 +8,8 @@
 #include <QSize>
 #include <QTranslator>
 
+#include <utility>
+
 namespace {
 
 using Quorix::BizModel::Helper;
@@ -47,6 +49,16 @@ TEST(HelperTexts, Enumerators) {
         EXPECT_EQ(row.text, row.expected);
 }
 
+TEST(HelperTexts, SamplesPerPixel) {
+    constexpr std::pair<ColorSpace, float> kRows[] = {{ColorSpace::RGB_4_4_4, 3.0F},
+                                                      {ColorSpace::YCbCr_4_4_4, 3.0F},
+                                                      {ColorSpace::YCbCr_4_2_2, 2.0F},
+                                                      {ColorSpace::YCbCr_4_2_0, 1.5F},
+                                                      {ColorSpace::AUTO, 0.0F}};
+    for (const auto &[space, samples] : kRows)
+        EXPECT_EQ(Helper::colorSpaceValue(space), samples);
+}
+
 TEST(HelperTexts, AnUnknownHDCPTypeIsLoggedAndNeverOn) {
     const Quorix::Tests::MessageLog log;
     EXPECT_EQ(Helper::HDCPTypeQString(HDCPType(9), false), "N/A");
@@ -58,6 +70,7 @@ TEST(HelperTexts, GoThroughTheTranslationOfTheirContext) {
     const QString context = "Quorix::BizModel::Helper|";
     EXPECT_EQ(Helper::HDCPTypeQString(HDCPType::Off, true), context + "Off");
     EXPECT_EQ(Helper::HDCPTypeQString(HDCPType::HDCP_1_4, false), context + "On");
+    EXPECT_EQ(Helper::HDCPTypeQString(HDCPType::HDCP_1_4, true), "HDCP 1.4");
     EXPECT_EQ(Helper::interfaceBitDepthString(ColorDepth::_8_), "8" + context + "bit");
     EXPECT_EQ(Helper::interfaceColorRangeString(ColorRange::Full), context + "Full Range");
 }

@@ -150,9 +150,9 @@ QString Helper::HDCPTypeQString(HDCPType hdcpType, bool bShowDetailType) {
         qWarning() << "HDCPProtoMap do not have hdcpType";
         return QLatin1String(kNotAvailable);
     }
-    if (hdcpType != HDCPType::Off && !bShowDetailType)
-        return tr("On");
-    return tr(*text);
+    if (hdcpType == HDCPType::Off)
+        return tr(*text);
+    return bShowDetailType ? QString(QLatin1String(*text)) : tr("On");
 }
 
 QString Helper::formatFramerate(const QSize &frameRate, const float &refreshRate, bool isInterlacing) {
