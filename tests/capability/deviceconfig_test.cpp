@@ -310,21 +310,20 @@ TEST_F(DeviceConfigTest, SlotsAndCards) {
     read(edited(edited(kDevice, "<ModelID>100", "<ModelID>101"), "<ExpCards SlotCount=\"3\"",
                 "<ExpCards SlotCount=\"0\""));
     const struct {
-        quint16 model;
-        quint8 slot;
-        const char *label;
-        quint16 card;
-        const char *name;
+        int model, slot, card;
+        const char *label, *name;
     } rows[] = {
-        {100, 2, "In1", 11, "First"}, {100, 4, "In3", 12, "English"}, {100, 5, "EXP", 31, "Link"},
-        {100, 5, "EXP", 11, "First"}, // not in the first range's list: the next range is tried
-        {100, 6, "EXP", 11, ""},      {101, 6, "Out1", 21, "Out"},    {101, 7, "Out2", 11, ""},
-        {100, 1, "", 11, ""},         {100, 8, "", 21, ""},           {102, 2, "", 11, ""},
-        {100, 255, "", 21, ""},
+        {100, 2, 11, "In1", "First"}, {100, 4, 12, "In3", "English"}, {100, 5, 31, "EXP", "Link"},
+        {100, 5, 11, "EXP", "First"}, // not in the first range's list: the next range is tried
+        {100, 6, 11, "EXP", ""},      {101, 6, 21, "Out1", "Out"},    {101, 7, 11, "Out2", ""},
+        {100, 1, 11, "", ""},         {100, 8, 21, "", ""},           {102, 2, 11, "", ""},
+        {100, 255, 21, "", ""},
     };
     for (const auto &row : rows) {
-        EXPECT_EQ(manager->subCardIndexInfo(row.model, row.slot), row.label) << int{row.slot};
-        EXPECT_EQ(manager->subCardName(row.model, row.card, row.slot), row.name) << int{row.slot};
+        const auto model = static_cast<quint16>(row.model);
+        const auto slot = static_cast<quint8>(row.slot);
+        EXPECT_EQ(manager->subCardIndexInfo(model, slot), row.label) << row.slot;
+        EXPECT_EQ(manager->subCardName(model, static_cast<quint16>(row.card), slot), row.name) << row.slot;
     }
 }
 
@@ -353,9 +352,9 @@ TEST_F(DeviceConfigTest, CardNamesFollowTheApplicationsLanguage) {
 
 TEST(DeviceConfigSingleton, ThreadsMeetAtOneInstance) {
     std::vector<DeviceConfigManager *> seen(8);
-    std::vector<std::thread> threads;
-    for (auto &slot : seen)
-        threads.emplace_back([&slot] { slot = DeviceConfigManager::instance(); });
+    std::vector<std::thread> threads(seen.size());
+    for (std::size_t i = 0; i < seen.size(); ++i)
+        threads[i] = std::thread([&slot = seen[i]] { slot = DeviceConfigManager::instance(); });
     for (auto &thread : threads)
         thread.join();
     EXPECT_THAT(seen, testing::Each(DeviceConfigManager::instance()));
