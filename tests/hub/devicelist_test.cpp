@@ -184,18 +184,12 @@ TEST_F(Registry, NotifiesOncePerBatchOfLayerChanges) {
     EXPECT_THAT(log.take(), ElementsAre("signalDeviceScreenLayersUpdate([], 4)"_q));
 }
 
-TEST_F(Registry, KeepsValuesForTheUserInterface) {
+TEST_F(Registry, SignalsOnlyAChangeOfTheResourceDisplay) {
     EXPECT_TRUE(hub->resourceShowStatus());
     hub->updateResourceShow(true);
     hub->updateResourceShow(false);
     hub->updateResourceShow(true);
     EXPECT_THAT(log.take(), ElementsAre("signalResourceShowStatusChanged()"_q, "signalResourceShowStatusChanged()"_q));
-    hub->setIsCompatibleUpgrading(true);
-    EXPECT_TRUE(hub->isCompatibleUpgrading());
-    hub->setIsCompatibleUpgrading(false);
-    hub->setPresetOperateMode(Enum::Preset::PresetOptMode::Save);
-    EXPECT_EQ(hub->presetOperateMode(), Enum::Preset::PresetOptMode::Save);
-    hub->setPresetOperateMode(Enum::Preset::PresetOptMode::Noting);
 }
 
 TEST(EchoFrame, PlacesInputs) {

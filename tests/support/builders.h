@@ -6,6 +6,8 @@
 #include <quorixbizmodel/hub/devicelist.h>
 
 #include <QCoreApplication>
+#include <QFile>
+#include <QStringList>
 
 #include <memory>
 
@@ -44,6 +46,14 @@ inline std::shared_ptr<BizModel::Device> appendedDevice(const Identity &identity
     device->setIPAddress(identity.ip);
     BizModel::DeviceList::instance()->append(device);
     return device;
+}
+
+/// The lines of a file in the test's own folder; a missing file has none.
+inline QStringList readLines(const QString &path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    return QString::fromUtf8(file.readAll()).split('\n', Qt::SkipEmptyParts);
 }
 
 /// A live reference to an object of a class that a test can't make: it says who it is, and must not be used.
