@@ -6,11 +6,8 @@
 #include <QMutex>
 #include <QReadWriteLock>
 
-#if defined(__has_feature)
-#    if __has_feature(thread_sanitizer)
-#        define QUORIX_TELL_TSAN
-#    endif
-#elif defined(__SANITIZE_THREAD__)
+// Qt defines __has_feature, as always false, for compilers without it: it can't tell them apart.
+#if defined(__SANITIZE_THREAD__) || __has_feature(thread_sanitizer)
 #    define QUORIX_TELL_TSAN
 #endif
 #ifdef QUORIX_TELL_TSAN
