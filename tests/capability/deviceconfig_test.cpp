@@ -170,8 +170,7 @@ TEST_F(DeviceConfigTest, BadDeviceFiles) {
         {"<ModelID>100</ModelID>", "", "Elm Invalid [ModelID] node."},
         {"<BackplaneModelId>200</BackplaneModelId>", "", "Elm Invalid [BackplaneModelId] node."},
         {"<MainScreens/>", "", "Elm Invalid [MainScreens] node."},
-        // A bad card speaks before a later element that is missing, and without the model's name.
-
+        // A card speaks without the model's name.
         {"<Name><en>Second</en></Name>", "", "Invalid [Name] node."},
         {"<Name><en>Link</en></Name>", "", "Invalid [Name] node."},
         {"<Name><en>View</en></Name>", "", "Invalid [Name] node."},
@@ -220,6 +219,10 @@ TEST_F(DeviceConfigTest, HostileDocuments) {
         {"<!DOCTYPE q [<!ELEMENT a " + QByteArray("(").repeated(1000000) + ">]>" + kDevice,
          "Parse error at line 1, column 13:\ninternal document type definitions are not supported"},
         {inDevice("<!--" + nested(100) + "--><![CDATA[" + nested(100) + "]]><?a " + nested(100) + "?>"), nullptr},
+        // The comment ends at its second "-->": what stands in it takes nothing off the depth.
+        {inDevice("<!-->" + QByteArray("</a>").repeated(100) + "-->" + nested(100)),
+         "Parse error at line 6, column 600:\nelements are nested too deeply"},
+        {"\xEF\xBB\xBF" + kDevice, nullptr}, // byte order mark
         {inDevice("<a b=\"<\"/>"), "Parse error at line 6"},
         {kDevice.left(200), "Parse error at line"},
         {QByteArray(100, '\0'), "Parse error at line"},
@@ -358,6 +361,10 @@ TEST(DeviceConfigSingleton, ThreadsMeetAtOneInstance) {
     for (auto &thread : threads)
         thread.join();
     EXPECT_THAT(seen, testing::Each(DeviceConfigManager::instance()));
+    DeviceConfigManager *next = nullptr;
+    QObject::connect(seen[0], &QObject::destroyed, [&next] { next = DeviceConfigManager::instance(); });
+    DeviceConfigManager::destroyInstance(); // holds no lock while its signal is out
+    EXPECT_NE(next, nullptr);
     DeviceConfigManager::destroyInstance();
 }
 

@@ -187,11 +187,13 @@ TEST_F(InterfaceConfigTest, BadFiles) {
         EXPECT_EQ(LogCapture::lines(), row.log != nullptr ? QStringList{QString("W ") + row.log} : QStringList())
             << row.from;
     }
-    for (const char *tag : {"Connectors", "InputCards", "OutputCards"}) {
-        QByteArray without = good;
-        without.replace(QByteArray("<") + tag, "<Other").replace(QByteArray("</") + tag, "</Other");
-        EXPECT_EQ(failure(without), QStringLiteral("Invalid [%1] node.").arg(tag).toStdString());
-    }
+    const auto without = [&good](const QByteArray &tag) {
+        return QByteArray(good).replace("<" + tag, "<Other").replace("</" + tag, "</Other");
+    };
+    for (const char *tag : {"Connectors", "InputCards", "OutputCards"})
+        EXPECT_EQ(failure(without(tag)), QStringLiteral("Invalid [%1] node.").arg(tag).toStdString());
+    EXPECT_EQ(failure(without("CardSort")), "Invalid [Connector] node.");
+    read(without("HDR"));
     EXPECT_EQ(failure("<quorix/>"), "This file is not a valid configuration file.");
 
     QString errMsg;

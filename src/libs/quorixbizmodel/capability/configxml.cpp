@@ -49,23 +49,20 @@ public:
 
 private:
     bool looksAt(const char *markup) const { return m_text.mid(m_at).startsWith(QLatin1String(markup)); }
-    void skipPast(const char *end) {
+    /// Passes markup up to its @p end, which may not share characters with its @p opening: "<!-->" opens a comment
+    /// only.
+    bool skips(const char *opening, const char *end) {
+        if (!looksAt(opening))
+            return false;
         const QLatin1String mark(end);
-        const auto found = m_text.indexOf(mark, m_at);
+        const auto found = m_text.indexOf(mark, m_at + QLatin1String(opening).size());
         m_at = found < 0 ? m_text.size() : found + mark.size();
+        return true;
     }
 
     /// Passes one piece of markup; a reason ends the walk.
     const char *step() {
-        if (looksAt("<!--"))
-            skipPast("-->");
-        else if (looksAt("<![CDATA["))
-            skipPast("]]>");
-        else if (looksAt("<?"))
-            skipPast("?>");
-        else
-            return tag();
-        return nullptr;
+        return skips("<!--", "-->") || skips("<![CDATA[", "]]>") || skips("<?", "?>") ? nullptr : tag();
     }
 
     const char *tag() {

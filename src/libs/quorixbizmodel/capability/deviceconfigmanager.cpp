@@ -46,8 +46,12 @@ DeviceConfigManager *DeviceConfigManager::instance() {
 void DeviceConfigManager::destroyInstance() {
     if (m_pInstance.load(std::memory_order_acquire) == nullptr)
         return;
-    const std::lock_guard guard(m_muDeviceCfgMgr);
-    delete m_pInstance.exchange(nullptr);
+    DeviceConfigManager *last = nullptr;
+    {
+        const std::lock_guard guard(m_muDeviceCfgMgr);
+        last = m_pInstance.exchange(nullptr);
+    }
+    delete last; // unlocked: a slot of its signal destroyed() may ask for the instance
 }
 
 bool DeviceConfigManager::readConfig(const QString &cfgFullPath, QString &errMsg) {

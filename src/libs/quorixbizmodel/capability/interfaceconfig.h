@@ -189,7 +189,7 @@ public:
         QString CardName(const QString &language) const;
         /// The connectors of all enabled capacities and connector groups by position; later ones win.
         QMap<unsigned char, s_CardConnector> getCardConnector() const;
-        /// The types of those connectors by position, with m_index set; unknown types are left out.
+        /// The types of those connectors by position, with m_index set; a connector of an unknown type adds nothing.
         QMap<unsigned char, s_ConnectorInfo> getPostionForConnectorInfo() const;
     };
 

@@ -34,6 +34,17 @@ bool walk(const Config::SubCard &card, Visit visit) {
     return false;
 }
 
+/// Calls @p visit with position and connector of all enabled capacities and connector groups, in the tree's order.
+template <class Visit>
+void walkEnabled(const Config::SubCard &card, Visit visit) {
+    walk(card, [&](const Config::s_Capacity &capacity, const Config::s_ConnectorGroup &group) {
+        if (capacity.Enable && group.Enable)
+            for (auto it = group.CardConnectors.constBegin(); it != group.CardConnectors.constEnd(); ++it)
+                visit(it.key(), *it);
+        return false;
+    });
+}
+
 /// The first connector at a position under a capacity that @p takes agrees with; null if there is none.
 template <class Takes>
 const Config::s_CardConnector *connectorAt(const Config::SubCard &card, int capacityType, int position, Takes takes) {
@@ -101,26 +112,21 @@ QString Config::s_SubCard::CardName(const QString &language) const {
 
 QMap<unsigned char, Config::s_CardConnector> Config::s_SubCard::getCardConnector() const {
     QMap<unsigned char, s_CardConnector> connectors;
-    walk(*this, [&](const s_Capacity &capacity, const s_ConnectorGroup &group) {
-        if (capacity.Enable && group.Enable)
-            for (auto it = group.CardConnectors.constBegin(); it != group.CardConnectors.constEnd(); ++it)
-                connectors.insert(it.key(), *it);
-        return false;
-    });
+    walkEnabled(*this,
+                [&](unsigned char position, const s_CardConnector &entry) { connectors.insert(position, entry); });
     return connectors;
 }
 
 QMap<unsigned char, Config::s_ConnectorInfo> Config::s_SubCard::getPostionForConnectorInfo() const {
     const QList<s_ConnectorInfo> &types = instance()->connectorInfos();
     QMap<unsigned char, s_ConnectorInfo> infos;
-    const auto connectors = getCardConnector();
-    for (auto it = connectors.constBegin(); it != connectors.constEnd(); ++it) {
+    walkEnabled(*this, [&](unsigned char position, const s_CardConnector &entry) {
         const auto type = std::find_if(types.cbegin(), types.cend(), [&](const s_ConnectorInfo &info) {
-            return toInt(info.m_eType) == it->Connector.type;
+            return toInt(info.m_eType) == entry.Connector.type;
         });
         if (type != types.cend())
-            infos.insert(it.key(), *type)->m_index = it.key();
-    }
+            infos.insert(position, *type)->m_index = position;
+    });
     return infos;
 }
 

@@ -57,8 +57,12 @@ InterfaceConfig *InterfaceConfig::instance() {
 void InterfaceConfig::destroyInstance() {
     if (m_pInstance.load(std::memory_order_acquire) == nullptr)
         return;
-    const std::lock_guard guard(m_muInterfaceConfig);
-    delete m_pInstance.exchange(nullptr);
+    InterfaceConfig *last = nullptr;
+    {
+        const std::lock_guard guard(m_muInterfaceConfig);
+        last = m_pInstance.exchange(nullptr);
+    }
+    delete last; // unlocked: a slot of its signal destroyed() may ask for the instance
 }
 
 const InterfaceConfig::s_ConnectorInfo *InterfaceConfig::connectorInfo(ConnectorType type) const {
