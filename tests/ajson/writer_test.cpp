@@ -1,4 +1,4 @@
-#include "reference.h"
+#include "sample.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -10,7 +10,7 @@ std::size_t heapBlocks = 0;
 
 struct Shape {
     std::uint8_t address[6] = {0, 16, 255, 1, 2, 3};
-    std::vector<std::shared_ptr<reference::Pair>> points{nullptr, std::make_shared<reference::Pair>()};
+    std::vector<std::shared_ptr<sample::Pair>> points{nullptr, std::make_shared<sample::Pair>()};
     std::int64_t low = std::numeric_limits<std::int64_t>::min();
 };
 QUORIX_AJSON(Shape, address, points, low);
@@ -44,7 +44,7 @@ TEST(Writer, Values) {
         {ajson::encode(std::nan("")), "0"},
         {ajson::encode(-HUGE_VAL), "0"},
         {ajson::encode(true), "1"},
-        {ajson::encode(reference::Mode::Far), "70000"},
+        {ajson::encode(sample::Mode::Far), "70000"},
         {ajson::encode(std::uint8_t{255}), "255"},
         {ajson::encode(std::vector<int>{}), "[]"},
         {ajson::encode(std::string("a\"/\\\b\t\n\f\r\x01\x7F")), R"("a\"/\\\b\t\n\f\r\u0001\u007F")"},
@@ -62,7 +62,7 @@ TEST(Writer, Values) {
 
 TEST(Writer, NamesOfMembers) {
     std::string names;
-    for (const auto &name : ajson::json_impl<reference::Sample>::this_field_list())
+    for (const auto &name : ajson::json_impl<sample::Sample>::this_field_list())
         names += std::string(name.str, name.len) + ' ';
     EXPECT_EQ(names, "flag count byte large huge ratio rate name mode numbers names pairs bytes link parts x count ");
     EXPECT_EQ(ajson::detail::split_fields(" ,a,,b\t\n c,d ").size(), 4U);
@@ -108,13 +108,13 @@ TEST(Writer, BlockGrowsInUnitsAndByHalf) {
 }
 
 TEST(Reader, TakesNoMemoryButTheValues) {
-    std::string text = ajson::encode(reference::Sample{});
+    std::string text = ajson::encode(sample::Sample{});
     text.insert(1, R"("numbers":[],"unknown":{"key":["value",1.5e3]},"name":"\u0041 short",)");
-    reference::Sample sample;
+    sample::Sample sample;
     const std::size_t before = heapBlocks;
     ajson::reader rd(text.data(), text.size());
     rd.next();
-    ajson::json_impl<reference::Sample>::read(rd, sample);
+    ajson::json_impl<sample::Sample>::read(rd, sample);
     EXPECT_EQ(heapBlocks - before, 0U);
 }
 

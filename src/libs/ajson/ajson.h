@@ -40,7 +40,8 @@ struct json_impl {
     }
 };
 
-/// A value as one line of ASCII text.
+/// A value as one line of ASCII text. A large document needs less memory when it is written to a stream and taken from
+/// there.
 template <class T>
 std::string encode(const T &value) {
     ajson_string_stream<> stream;

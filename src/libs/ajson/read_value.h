@@ -336,11 +336,9 @@ template <class T>
 const char *read_scanned(reader &rd, T &value) {
     if constexpr (std::is_same_v<T, bool>) {
         value = token_to_bool(rd);
-    } else if constexpr (std::is_enum_v<T>) {
-        value = static_cast<T>(token_to_unsigned(rd));
     } else if constexpr (std::is_integral_v<T> && std::is_signed_v<T>) {
         value = static_cast<T>(token_to_signed(rd));
-    } else if constexpr (std::is_integral_v<T>) {
+    } else if constexpr (std::is_unsigned_v<T> || std::is_enum_v<T>) {
         value = static_cast<T>(token_to_unsigned(rd));
     } else if constexpr (std::is_floating_point_v<T>) {
         value = static_cast<T>(token_to_double(rd));
