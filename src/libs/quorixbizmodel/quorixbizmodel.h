@@ -16,5 +16,7 @@
 #include <quorixbizmodel/hub/devicelist.h>
 #include <quorixbizmodel/topology/connector.h>
 #include <quorixbizmodel/topology/subcard.h>
+#include <quorixbizmodel/topology/input.h>
+#include <quorixbizmodel/topology/output.h>
 
 #endif

@@ -4,6 +4,7 @@
 
 #include <quorixbizmodel/common/guards.h>
 
+#include <optional>
 #include <type_traits>
 #include <utility>
 
@@ -24,6 +25,15 @@ template <class T>
 [[nodiscard]] bool assign(QReadWriteLock &lock, T &field, std::type_identity_t<T> value) {
     const WriteGuard guard(lock);
     return assign(field, std::move(value));
+}
+
+/// The same for a field whose parts have signals of their own: what it held before, nothing if it was equal.
+template <class T>
+[[nodiscard]] std::optional<T> exchanged(QReadWriteLock &lock, T &field, std::type_identity_t<T> value) {
+    const WriteGuard guard(lock);
+    if (field == value)
+        return std::nullopt;
+    return std::exchange(field, std::move(value));
 }
 
 /// A copy of @p field taken under the read lock.

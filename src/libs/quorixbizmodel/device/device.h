@@ -10,6 +10,7 @@
 #include <quorixprotomodel/auxiliary.h>
 #include <quorixprotomodel/device.h>
 #include <quorixprotomodel/devicebaseinfo.h>
+#include <quorixprotomodel/interface.h>
 #include <quorixprotomodel/screen.h>
 
 #include <QGraphicsView>
@@ -20,6 +21,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <functional>
 #include <initializer_list>
 #include <list>
 #include <memory>
@@ -153,8 +155,6 @@ public:
     bool isScreenLimited(Enum::Screen::ScreenType type);
     /// True without a record.
     bool isLayerLimited(Enum::Layer::SceneType scene);
-    quint32 validMainOutputConnectors();
-    quint32 validAuxOutputConnectors();
     bool mvrEnabled();
     /// True if there is at least one MVR screen.
     bool isOpenedMVR();
@@ -243,6 +243,66 @@ public:
                           const QMap<unsigned char, InterfaceConfig::s_ConnectorInfo> &posForCardConnector,
                           const QMap<unsigned char, InterfaceConfig::s_CardConnector> &cardConnector);
 
+    // Inputs and outputs (device_interfaces.cpp), in the order of their packed ids; a search that finds nothing gives
+    // an empty reference. Lists are copies, to be walked without a lock.
+
+    std::weak_ptr<Input> findInput(const uint32_t &id);
+    std::weak_ptr<Input> findInput(const uint8_t &slot, const uint8_t &connector);
+    std::weak_ptr<Output> findOutput(const uint32_t &id);
+    std::weak_ptr<Output> findOutput(const uint8_t &slot, const uint8_t &connector);
+    std::weak_ptr<Output> findOutput(const QString &name);
+    QList<std::weak_ptr<Input>> inputs();
+    QList<std::weak_ptr<Output>> outputs();
+    /// Those of a kind that the mask @p interfaceType holds.
+    QList<std::weak_ptr<Output>> outputs(int interfaceType);
+    /// Those of exactly this kind.
+    QList<std::weak_ptr<Output>> findOutputs(Enum::Interface::InterfaceType type);
+    /// Inputs whose connector the record lists with a work mode other than `NoOutput`.
+    QList<std::weak_ptr<Input>> validInputs();
+    /// Inputs first.
+    QList<std::weak_ptr<Interface>> interfaces();
+    QList<std::weak_ptr<Interface>> interfaces(const int &slot);
+    /// The input at a place, else the output; empty for a slot without a record.
+    std::weak_ptr<Interface> interface(const uint8_t &slot, const uint8_t &connector);
+    std::weak_ptr<Interface> findInterface(const ProtoModel::s_InterfaceID &id);
+    /// The partner that mirrors a port: on its card, in backup with the copy id of the port.
+    std::weak_ptr<Interface> findCopyInterface(const ProtoModel::s_InterfaceID &id);
+    bool isInputNameExist(const QString &name);
+    bool isOutputNameExist(const QString &name);
+    quint32 validMainOutputConnectors();
+    quint32 validAuxOutputConnectors();
+    /// Outputs that the chassis has room for, or, of AUX outputs, those of a connector type that are there.
+    /// @param bMvrAux of AUX outputs: 1 if a card stands in the first AUX position, else 0
+    int outputInterfaceCount(Enum::Interface::InterfaceType outputType, Enum::Interface::ConnectorType connectorType,
+                             bool bMvrAux);
+    /// Sort a list; entries that have gone come last.
+    static void outputsInOrder(QList<std::weak_ptr<Output>> &outputs);
+    static void outputsInOrder(std::vector<std::shared_ptr<Output>> &outputs);
+
+    /// Make the inputs and outputs that the card layouts imply, where there are none yet, without a report.
+    void createInput();
+    void createOutput(const std::weak_ptr<Subcard> &subcard);
+    void createOutput();
+    /// An empty Input or Output, in no list; null for another type. @param type Enum::Interface::InterfaceType
+    static std::shared_ptr<Interface> createInterface(int type);
+    /// Makes a reported interface. A type that is neither `Input` nor within `Output`, or an id beyond 8 bits, is
+    /// refused with a reason in @p errMsg.
+    bool addInterface(const ProtoModel::Interface::s_InterfaceDetail &detail, QString &errMsg);
+    /// Drops the backup pairs of the input, too.
+    void removeInput(const uint8_t &slot, const uint8_t &connector);
+    void removeOutput(const uint8_t &slot, const uint8_t &connector);
+    /// Removes, and deselects, the interfaces of a card that leaves; its record must still be there.
+    void removeInterface(const uint8_t &slot);
+    /// Removes what a report no longer names, without a signal; pairs and selection stay.
+    void removeInterface(int type, int slot, int connector);
+    /// Drops the backup pairs of one connector.
+    void removeInterfaceRelation(const uint8_t &nSlotId, const uint8_t &nInterfaceId);
+
+    // Selection: for the application's thread.
+
+    void removeSelectedInput(const uint8_t &nSlotId, const uint8_t &nInterfaceId);
+    void removeSelectedOutput(const uint8_t &nSlotId, const uint8_t &nInterfaceId);
+
     // Reported state (device_sync.cpp)
 
     /// Empties the model without a signal. Online flag, model id, base info and previous address stay; with
@@ -250,6 +310,8 @@ public:
     void clearAll(bool bKeepDeviceGenernal);
     /// Resets what a device that goes offline no longer tells: status, progress, genlock signal.
     void resetDeviceParam();
+    /// Clears the actual timing of every interface (device_interfaces.cpp).
+    void updateInterfaceStatus();
 
     // Settings (device_settings.cpp)
 
@@ -324,13 +386,15 @@ private:
     QString readFirstNetwork(std::string ProtoModel::Device::s_NetworkBody::*field);
     /// Sets a field of the first network port, which is made if there is none, and signals.
     void writeFirstNetwork(std::string ProtoModel::Device::s_NetworkBody::*field, const QString &value);
-    /// Number of outputs of a kind.
-    quint32 outputCount(Enum::Interface::InterfaceType type);
+    /// Null for a device without a capability record.
+    [[nodiscard]] const DeviceConfig *configRecord() const;
+    QList<std::weak_ptr<Interface>> interfacesIf(const std::function<bool(const Interface &)> &matches);
 
     // Cards and connectors (device_cards.cpp): one field of a record, read or written under the lock. Ids are any
     // numbers.
     friend class Subcard;
     friend class Connector;
+    friend class Interface;
     std::optional<std::int32_t> slotValue(int slotId, std::int32_t ProtoModel::Device::s_subcardBody::*field);
     void setSlotValues(
         int slotId,

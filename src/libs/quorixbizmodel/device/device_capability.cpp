@@ -1,6 +1,7 @@
 #include <quorixbizmodel/device/device.h>
 
 #include <quorixbizmodel/capability/quorixbizstruct.h>
+#include <quorixbizmodel/capability/slotrange.h>
 #include <quorixbizmodel/common/enumtools.h>
 #include <quorixbizmodel/common/quorixbizconstants.h>
 
@@ -13,16 +14,6 @@ constexpr int screensOfOutputSlot = 4;
 /// Resources of a card; a multiviewer card has fewer.
 constexpr int maxCardResources = 16;
 constexpr int mvrCardResources = 4;
-
-/// Slots from a start, counted from 0, up to and without start plus count.
-struct SlotRange {
-    int start;
-    int count;
-
-    [[nodiscard]] bool contains(int position) const { return position >= start && position < start + count; }
-    /// Place of a slot in the range, counted from 1.
-    [[nodiscard]] int place(int position) const { return position - start + 1; }
-};
 
 } // namespace
 
@@ -102,16 +93,6 @@ bool Device::isLayerLimited(Enum::Layer::SceneType /*scene*/) {
     constexpr int layers = 0;
     return m_pDeviceConfig == nullptr || layers >= maxRegulerLayerCnt();
 }
-
-quint32 Device::outputCount(Enum::Interface::InterfaceType /*type*/) {
-    // Without a class of outputs there are none, of whatever kind.
-    const ReadGuard guard(m_outputsRWLock);
-    return static_cast<quint32>(m_outputs.size());
-}
-
-quint32 Device::validMainOutputConnectors() { return outputCount(Enum::Interface::InterfaceType::MainOutput); }
-
-quint32 Device::validAuxOutputConnectors() { return outputCount(Enum::Interface::InterfaceType::AUXOutput); }
 
 bool Device::mvrEnabled() { return isOpenedMVR(); }
 

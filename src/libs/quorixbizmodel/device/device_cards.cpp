@@ -3,12 +3,14 @@
 
 #include <quorixbizmodel/capability/interfaceconfig.h>
 #include <quorixbizmodel/capability/quorixbizstruct.h>
+#include <quorixbizmodel/capability/slotrange.h>
 #include <quorixbizmodel/common/enumtools.h>
 #include <quorixbizmodel/common/guarded.h>
 #include <quorixbizmodel/common/lists.h>
 #include <quorixbizmodel/common/modelthread.h>
 #include <quorixbizmodel/topology/connector.h>
 #include <quorixbizmodel/topology/subcard.h>
+#include <quorixbizmodel/topology/topology_p.h>
 
 #include <QDebug>
 
@@ -107,9 +109,7 @@ CapacityMode firstCapacity(const std::vector<ConnectorRecord> &connectors) {
     return found == connectors.end() ? CapacityMode::invaild : static_cast<CapacityMode>(found->capacityMode);
 }
 
-bool isId(int id) { return id >= 0 && id <= 255; }
-
-bool isWithin(int slotId, int start, int count) { return slotId >= start && slotId < start + count; }
+bool isWithin(int slotId, int start, int count) { return SlotRange{start, count}.contains(slotId); }
 
 InterfaceType directionOf(CardType type) {
     switch (type) {

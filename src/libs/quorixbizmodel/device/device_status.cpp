@@ -15,6 +15,7 @@ void Device::setDeviceOnlineFlag(const bool &bIsOnline) {
         return;
     if (!isOnline) {
         resetDeviceParam();
+        updateInterfaceStatus();
         m_bIsSyncSucess = false;
     }
     Q_EMIT signalOnlineChanged();

@@ -4,8 +4,8 @@
 #include <quorixbizmodel/common/guarded.h>
 #include <quorixbizmodel/common/lists.h>
 #include <quorixbizmodel/common/modelthread.h>
-#include <quorixbizmodel/common/quorixbizconstants.h>
 #include <quorixbizmodel/device/device.h>
+#include <quorixbizmodel/topology/topology_p.h>
 
 #include <algorithm>
 #include <utility>
@@ -15,13 +15,6 @@ namespace Quorix::BizModel {
 namespace {
 
 using Body = ProtoModel::Device::s_subcardBody;
-
-/// The id under which the capability file may know a card; one that doesn't fit its 16 bits must not pass for another.
-quint16 fileModelId(qint64 modelId) {
-    return modelId < 0 || modelId > Constants::invalidId_16 ? Constants::invalidId_16 : static_cast<quint16>(modelId);
-}
-
-bool isId(int id) { return id >= 0 && id <= 255; }
 
 } // namespace
 
