@@ -70,6 +70,8 @@ TEST(Reader, Scalars) {
         {readAs<double>("1e999"), "0"}, // infinity, which is written as 0
         {readAs<double>("\" 0x1p3\""), "8"},
         {readAs<double>("\"-2.5e1x\""), "-25"},
+        {readAs<double>("\"0x-1\""), "0"}, // the 0 in front of the x
+        {readAs<double>("\"-\""), "0"},
         {readAs<double>("1.2.3"), "error at line :0 col :3 msg:not a valid number!"},
         {readAs<double>("1e2.5 "), "100"},
         {readAs<float>("{"), "error at line :0 col :1 msg:not a valid float point number."},
@@ -174,6 +176,8 @@ TEST(Reader, FaultsLeaveWhatWasRead) {
     EXPECT_FALSE(Quorix::ProtoModel::decode(R"({"bytes":[1,2,3,4]})", sample, error));
     EXPECT_EQ(error, "error at line :0 col :17 msg:array overflow.");
     EXPECT_EQ(sample.bytes[2], 3);
+    EXPECT_FALSE(Quorix::ProtoModel::decode("{\"bytes\":[1,2,3, \n ", sample, error));
+    EXPECT_EQ(error, "error at line :1 col :1 msg:array overflow.");
 }
 
 TEST(Reader, Tokens) {

@@ -52,10 +52,13 @@ inline double text_to_double(const char *p, const char *end) {
         ++p;
     const bool negative = p < end && *p == '-';
     p += p < end && (*p == '-' || *p == '+') ? 1 : 0;
-    if (p < end && *p == '-') // from_chars would take a second sign
-        return 0.0;
     double value = 0.0;
+    if (p < end && *p == '-') // from_chars would take a second sign
+        return value;
+    const auto hexadecimal = [](char c) { return c == '.' || hex_digit(c) >= 0; }; // no sign, no word
     if (end - p > 2 && *p == '0' && (p[1] == 'x' || p[1] == 'X')) {
+        if (!hexadecimal(p[2]))
+            return negative ? -value : value;
         const auto [last, ec] = std::from_chars(p + 2, end, value, std::chars_format::hex);
         if (ec == std::errc::result_out_of_range) {
             const char *exponent = std::find_if(p + 2, last, [](char c) { return c == 'p' || c == 'P'; });
@@ -64,8 +67,10 @@ inline double text_to_double(const char *p, const char *end) {
         } else if (ec != std::errc{}) {
             value = 0.0;
         }
-    } else {
-        value = decimal_value(p, end);
+    } else if (const auto result = std::from_chars(p, end, value); result.ptr == p) {
+        return 0.0; // without digits the sign says nothing
+    } else if (result.ec == std::errc::result_out_of_range) {
+        value = out_of_range(p, end);
     }
     return negative ? -value : value;
 }

@@ -46,7 +46,7 @@ public:
 
     /// A length of `size_t(-1)` means that the text ends at its first NUL. A NUL inside the length ends the text, too.
     reader(const char *text, std::size_t length)
-        : len_(length), end_mark_(text == nullptr || *text == '\0' || length == 0), ptr_(text) {
+        : len_(length), end_mark_(text == nullptr || length == 0 || *text == '\0'), ptr_(text) {
         if (text == nullptr)
             len_ = 0;
         else if (length == static_cast<std::size_t>(-1))
@@ -231,7 +231,7 @@ inline const char *reader::scan_number(const char *p) {
 }
 
 inline void reader::scan(const char *p) {
-    p = end_mark_ ? p : skip_space(p);
+    p = end_mark_ ? end_ : skip_space(p); // a second look at the end may begin before it
     cur_tok_.neg = false;
     cur_tok_.value.u64 = 0;
     if (end_mark_) {
