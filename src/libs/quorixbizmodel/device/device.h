@@ -313,9 +313,69 @@ public:
     /// Clears the actual timing of every interface (device_interfaces.cpp).
     void updateInterfaceStatus();
 
-    // Settings (device_settings.cpp)
+    // Settings (device_settings.cpp): a setter signals a change, an equal value is none. Switches are reported as
+    // numbers and compared as truth values: 2 and true are equal.
 
+    void setGenlockInfo(const ProtoModel::Device::s_GenlockBody &genlock);
+    ProtoModel::Device::s_GenlockBody genlockInfo();
+    Enum::Device::GenLockEnum genlockType();
+    bool genlockEnable();
+    /// Packed id of the source.
+    uint32_t genlockInterfaceId();
     void setGenlockOnStatus(const ProtoModel::Device::s_GenlockSignalBody &signal);
+    /// Whether there is a signal, not where: `GenLockInOn` for each of the connectors.
+    Enum::Device::GenLockEnable genlockOnEnum();
+    Enum::Device::GenLockStatus genlockStatus();
+    bool isGenlockSyncFailure();
+    /// Translated; "Off" for an offline device, empty for an unknown status.
+    QString genlockStatusStr();
+    /// "Genlock", the name of an input, or "null".
+    QString genlockSyncSource();
+    /// Refresh rate of the source in hundredths of a hertz if it is an input, but for `GenLock` the signal's
+    /// `extSignalIn` as reported, Enum::Device::GenLockEnable; 0 if there is no source.
+    int genlockSyncFrameRate();
+    /// Replaces the list if its length, its screens or one status differs; the order counts for nothing. Like its
+    /// reader for the application's thread.
+    void setScreenGenlocks(const ProtoModel::Screen::s_ScreenGenlockBodyArray &genlocks);
+    ProtoModel::Screen::s_ScreenGenlockBodyArray screenGenlocks();
+
+    /// Always replaces the list, and signals if a supply that was there before has changed.
+    void setPower(const ProtoModel::Device::s_PowerBodyArray &powers);
+    /// The first record of that id, a default one if there is none.
+    ProtoModel::Device::s_PowerBody power(uint8_t id);
+
+    /// Replaces the first network port, which is made if there is none. A change of any field keeps the old address.
+    void setNetWorkInfo(const ProtoModel::Device::s_NetworkBody &body);
+    /// These take the first entry; an empty list changes nothing.
+    void setNetWorkConfigs(const ProtoModel::Device::s_Networks &networks);
+    void setNetworks(const ProtoModel::Device::s_NetworksBodyArray &networks);
+
+    void setSwapEnable(bool isEnabled);
+    bool swapEnable();
+    void setLoadToPGMEnable(Enum::Device::LoadToPGMStatus status);
+    /// `LoadToPGM` for any number but 0.
+    Enum::Device::LoadToPGMStatus loadToPGMEnable();
+    void setDynamicRangConversion(const ProtoModel::Device::s_DynamicRangConversion &conversion);
+    ProtoModel::Device::s_DynamicRangConversion dynamicRangConversion();
+    void setDeviceNovsStatus(bool isEnabled);
+    bool deviceNovsStatus();
+
+    void setInterfaceMapping(const ProtoModel::Device::s_InterfaceMapping &mapping);
+    /// The same record as outputMapping().
+    ProtoModel::Device::s_InterfaceMapping interfaceMapping();
+    void setOutputMappingStatus(bool isEnabled);
+    bool outputMappingStatus();
+    void setOutputMappingType(Enum::Auxiliary::TestPatternType type);
+    Enum::Auxiliary::TestPatternType outputMappingType();
+    ProtoModel::Device::s_InterfaceMapping outputMapping();
+
+    /// Takes over status and progress of a long job; the current index is that of the file in work, from 1. For the
+    /// application's thread, as are the self-check's operations.
+    void setDeviceProcess(ProtoModel::Auxiliary::s_DeviceProcess process);
+    /// No signal: the application reads a report when it has asked for one.
+    void setDeviceSelfCheckDetail(ProtoModel::Auxiliary::s_DeviceSelfCheckDetail detail);
+    ProtoModel::Auxiliary::s_DeviceSelfCheckDetail &deviceSelfCheckDetail();
+    void clearDeviceSelfCheckData();
 
 Q_SIGNALS:
     void signalDeviceModelIdChanged();
@@ -389,6 +449,8 @@ private:
     /// Null for a device without a capability record.
     [[nodiscard]] const DeviceConfig *configRecord() const;
     QList<std::weak_ptr<Interface>> interfacesIf(const std::function<bool(const Interface &)> &matches);
+    /// The input of a packed id, null with a warning if it isn't there.
+    std::shared_ptr<Input> genlockInput(uint32_t interfaceId);
 
     // Cards and connectors (device_cards.cpp): one field of a record, read or written under the lock. Ids are any
     // numbers.
@@ -470,7 +532,9 @@ private:
     std::atomic<bool> m_bMasterControlDeviceStatus = true;
     std::shared_ptr<ProtoModel::DeviceBaseInfo> m_pDeviceBaseInfo = std::make_shared<ProtoModel::DeviceBaseInfo>();
     QReadWriteLock m_deviceBaseInfoRWLock;
-    QReadWriteLock m_mappingRWLock; ///< guards the test pattern of the output mapping in m_detail
+    /// Guards the output mapping in m_detail as m_detailRWLock does: a reader holds either, a writer both, this one
+    /// last.
+    QReadWriteLock m_mappingRWLock;
     ProtoModel::Device::s_DeviceGroupInfoBody m_deviceGroupInfo;
     bool m_deviceGroupStatus = true;
     QReadWriteLock m_deviceGroupInfoRWLock; ///< guards the two fields above
