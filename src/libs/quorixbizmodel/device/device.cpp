@@ -91,7 +91,7 @@ QString Device::gateWay() { return readFirstNetwork(&ProtoModel::Device::s_Netwo
 
 QString Device::netMask() { return readFirstNetwork(&ProtoModel::Device::s_NetworkBody::subnetMask); }
 
-void Device::setIPAddress(QString ip) {
+void Device::setIPAddress(const QString &ip) {
     {
         const WriteGuard guard(m_detailRWLock);
         if (m_detail.networks.empty())
@@ -103,9 +103,13 @@ void Device::setIPAddress(QString ip) {
     Q_EMIT signalNetWorkChanged();
 }
 
-void Device::setGateWay(QString gateway) { writeFirstNetwork(&ProtoModel::Device::s_NetworkBody::gateway, gateway); }
+void Device::setGateWay(const QString &gateway) {
+    writeFirstNetwork(&ProtoModel::Device::s_NetworkBody::gateway, gateway);
+}
 
-void Device::setNetMask(QString mask) { writeFirstNetwork(&ProtoModel::Device::s_NetworkBody::subnetMask, mask); }
+void Device::setNetMask(const QString &mask) {
+    writeFirstNetwork(&ProtoModel::Device::s_NetworkBody::subnetMask, mask);
+}
 
 QString Device::ipMacSn() { return identity(IPAddress(), MAC(), sn()); }
 

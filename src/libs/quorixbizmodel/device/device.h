@@ -80,9 +80,9 @@ public:
     QString gateWay();
     QString netMask();
     /// These make the first network port if there is none, and always signal. The first keeps the old address.
-    void setIPAddress(QString ip);
-    void setGateWay(QString gateway);
-    void setNetMask(QString mask);
+    void setIPAddress(const QString &ip);
+    void setGateWay(const QString &gateway);
+    void setNetMask(const QString &mask);
     /// Address, MAC and serial number joined by "_".
     QString ipMacSn();
     /// The same with the address before the last change.

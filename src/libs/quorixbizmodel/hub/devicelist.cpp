@@ -70,32 +70,37 @@ DeviceList::DeviceList()
 
 DeviceList::~DeviceList() = default;
 
-std::weak_ptr<Device> DeviceList::append(std::shared_ptr<Device> pDevice) {
+std::weak_ptr<Device> DeviceList::append(const std::shared_ptr<Device> &pDevice) {
     if (pDevice == nullptr)
         return {};
     moveToModelThread(*pDevice);
+    // The hub's own reference: a listener may change the caller's.
+    std::shared_ptr<Device> device;
     {
         const std::scoped_lock guard(m_listDeviceMutex);
         if (std::find(m_listDevice.begin(), m_listDevice.end(), pDevice) != m_listDevice.end())
             return pDevice;
         m_listDevice.push_back(pDevice);
+        device = m_listDevice.back();
     }
-    Q_EMIT signalDeviceAppended(pDevice);
-    createConnects(*pDevice);
-    return pDevice;
+    Q_EMIT signalDeviceAppended(device);
+    createConnects(*device);
+    return device;
 }
 
-std::weak_ptr<Device> DeviceList::append(const quint16 & /*nModelID*/) { return append(std::shared_ptr<Device>()); }
+std::weak_ptr<Device> DeviceList::append(const quint16 & /*nModelID*/) { return append(nullptr); }
 
-void DeviceList::remove(std::shared_ptr<Device> pDevice) {
+void DeviceList::remove(const std::shared_ptr<Device> &pDevice) {
+    std::shared_ptr<Device> device;
     {
         const std::scoped_lock guard(m_listDeviceMutex);
-        if (takePointer(m_listDevice, pDevice.get()) == nullptr)
-            return;
+        device = takePointer(m_listDevice, pDevice.get());
     }
-    Q_EMIT signalDeviceRemoved(pDevice);
+    if (device == nullptr)
+        return;
+    Q_EMIT signalDeviceRemoved(device);
     // Asked only now: a listener that has activated another device keeps its choice.
-    if (m_pActivedDevice.lock() != pDevice)
+    if (m_pActivedDevice.lock() != device)
         return;
     const auto left = deviceList();
     setActivtedDevice(left.empty() ? nullptr : left.front(), false);
@@ -153,11 +158,11 @@ bool DeviceList::isDeviceIPExist(const QString &ip) { return !findDeviceByIP(ip)
 
 bool DeviceList::isDeviceNameExist(const QString &name) { return !findDeviceByName(name).expired(); }
 
-void DeviceList::setActivtedDevice(std::weak_ptr<Device> pDevice, bool isEmit) {
+void DeviceList::setActivtedDevice(const std::weak_ptr<Device> &pDevice, bool isEmit) {
     const auto device = pDevice.lock();
     const bool isOther = device != m_pActivedDevice.lock();
     if (isOther)
-        m_pActivedDevice = std::move(pDevice);
+        m_pActivedDevice = device;
     if (device != nullptr)
         device->setIsNeedRepaintPreset(true);
     if (isOther || isEmit)

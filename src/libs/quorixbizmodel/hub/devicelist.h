@@ -51,12 +51,12 @@ public:
 
     /// Adds a device at the end, emits signalDeviceAppended and then joins the relays of family 1. A device that is
     /// there already, or null, changes nothing. Doesn't activate the device.
-    std::weak_ptr<Device> append(std::shared_ptr<Device> pDevice);
+    std::weak_ptr<Device> append(const std::shared_ptr<Device> &pDevice);
     /// Makes no device: the result is empty, the id isn't used.
     std::weak_ptr<Device> append(const quint16 &nModelID);
     /// Takes a device out and emits signalDeviceRemoved; if it is the activated one afterwards, the first device left
     /// is activated. Its relays stay: a device that the application keeps goes on reaching the hub.
-    void remove(std::shared_ptr<Device> pDevice);
+    void remove(const std::shared_ptr<Device> &pDevice);
     /// Takes all devices out and lets them go, then emits signalDeviceCleared and nothing else.
     void clear();
     [[nodiscard]] std::list<std::shared_ptr<Device>> deviceList() const;
@@ -78,7 +78,7 @@ public:
 
     /// Makes a device (or none) the activated one and marks it for repainting. signalActivedDeviceChanged follows when
     /// the device is another one, and for the same one if @p isEmit is true.
-    void setActivtedDevice(std::weak_ptr<Device> pDevice, bool isEmit);
+    void setActivtedDevice(const std::weak_ptr<Device> &pDevice, bool isEmit);
     std::weak_ptr<Device> activedDevice();
 
     // Batches of layer changes (devicelist.cpp): callers gather what kind of change there was, and ask for one
