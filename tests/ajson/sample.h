@@ -47,7 +47,7 @@ inline std::string spaced(const std::string &text) {
         for (rd.next(); rd.peek().type != ajson::token::t_end; rd.next()) {
             const ajson::detail::string_ref token = rd.peek().str;
             const std::string quote(rd.cursor() > token.str + token.len ? 1 : 0, '"');
-            result += quote + std::string(token.str, token.len) + quote + ' ';
+            result.append(quote).append(token.str, token.len).append(quote).append(" ");
             done = rd.cur_offset_;
         }
     } catch (const ajson::exception &) {

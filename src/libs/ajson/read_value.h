@@ -242,7 +242,7 @@ struct record_reader {
         const reader::level level(rd, p, "read object must start with {!");
         std::size_t done = 0;
         const auto step = [&]<std::size_t I, auto Member>() {
-            if (!expected<I, Member>(p, rd.end()))
+            if (!expected<I>(p, rd.end()))
                 return false;
             p = read_value<true>(rd, p + size<I>(), value.*Member);
             ++done;
@@ -250,7 +250,7 @@ struct record_reader {
         };
         if (members::while_each(step) && p < rd.end() && *p == '}')
             return p + 1;
-        return read_any_order(rd, p, value, done);
+        return read_any_order(rd, p, value, done == 0);
     }
 
 private:
@@ -259,22 +259,22 @@ private:
     static constexpr std::size_t size() {
         return keys.size(I) - (I == 0 ? 1 : 0);
     }
-    template <std::size_t I, auto Member>
+    template <std::size_t I>
     static bool expected(const char *p, const char *end) {
         return static_cast<std::size_t>(end - p) >= size<I>() + number_room &&
                same_bytes<size<I>()>(p, keys.key(I) + (I == 0 ? 1 : 0));
     }
 
-    /// Goes on key by key, from the place behind the brace (@p next == 0) or behind a value.
-    [[gnu::noinline]] static const char *read_any_order(reader &rd, const char *p, T &value, std::size_t next) {
+    /// Goes on key by key, from the place behind the brace (@p first) or behind a value.
+    [[gnu::noinline]] static const char *read_any_order(reader &rd, const char *p, T &value, bool first) {
         constexpr const char *fault = "invalid json document!";
         const token &tok = rd.cur_tok_;
-        for (bool first = next == 0;; first = false) {
+        for (;; first = false) {
             string_ref key;
-            const char *const quote = p + (first ? 0 : 1);
             if (p < rd.end() && *p == '}')
                 return p + 1;
-            const char *close = first || (p < rd.end() && *p == ',') ? quick_quotes(quote, rd.end()) : nullptr;
+            const char *const quote = !first && p < rd.end() && *p == ',' ? p + 1 : p;
+            const char *close = first || quote != p ? quick_quotes(quote, rd.end()) : nullptr;
             if (close != nullptr && rd.end() - close > 1 && close[1] == ':') {
                 key = {quote + 1, static_cast<std::size_t>(close - quote - 1)};
                 p = close + 2;
@@ -295,26 +295,19 @@ private:
                     rd.error(fault);
                 p = rd.cursor();
             }
-            const std::size_t place = keys.find(key, rd.end(), next);
-            if (place == members::count) {
+            const std::uint64_t head = keys.head_of(key, rd.end());
+            const bool unknown = members::while_each([&]<std::size_t I, auto Member>() {
+                if (!keys.template is<I>(key, head))
+                    return true;
+                p = read_value(rd, p, value.*Member);
+                return false;
+            });
+            if (unknown) {
                 rd.scan(p);
                 skip_value(rd);
                 p = rd.cursor();
-            } else {
-                p = read_member(rd, p, value, place);
-                next = place + 1;
             }
         }
-    }
-
-    static const char *read_member(reader &rd, const char *p, T &value, std::size_t place) {
-        members::while_each([&]<std::size_t I, auto Member>() {
-            if (place != I)
-                return true;
-            p = read_value(rd, p, value.*Member);
-            return false;
-        });
-        return p;
     }
 };
 

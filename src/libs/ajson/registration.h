@@ -45,26 +45,23 @@ struct key_table {
     [[nodiscard]] constexpr const char *name(std::size_t i) const { return key(i) + 2; }
     [[nodiscard]] constexpr std::size_t name_size(std::size_t i) const { return size(i) - marks; }
 
-    /// The place of a name, looked for first at @p hint and then from the first place on; Count if there is none.
-    /// @p end: of the text that the name stands in.
-    [[nodiscard]] std::size_t find(string_ref wanted, const char *end, std::size_t hint) const {
-        std::uint64_t first = 0;
-        if (end - wanted.str >= 8)
-            first =
-                load8(wanted.str) & (wanted.len >= 8 ? ~std::uint64_t{0} : (std::uint64_t{1} << (8 * wanted.len)) - 1);
-        else
-            for (std::size_t i = 0; i < wanted.len; ++i)
-                first |= static_cast<std::uint64_t>(static_cast<unsigned char>(wanted.str[i])) << (8 * i);
-        const auto matches = [&](std::size_t i) {
-            return head[i] == first && name_size(i) == wanted.len &&
-                   (wanted.len <= 8 || std::memcmp(name(i) + 8, wanted.str + 8, wanted.len - 8) == 0);
-        };
-        if (hint < Count && matches(hint))
-            return hint;
-        std::size_t i = 0;
-        while (i < Count && !matches(i))
-            ++i;
-        return i;
+    /// The first eight bytes of a name in a text that ends at @p end, with zeros behind a shorter one.
+    [[nodiscard]] static std::uint64_t head_of(string_ref wanted, const char *end) {
+        std::uint64_t bytes = 0;
+        if (end - wanted.str >= 8) {
+            bytes = load8(wanted.str);
+            return wanted.len >= 8 ? bytes : bytes & ((std::uint64_t{1} << (8 * wanted.len)) - 1);
+        }
+        for (std::size_t i = 0; i < wanted.len; ++i)
+            bytes |= static_cast<std::uint64_t>(static_cast<unsigned char>(wanted.str[i])) << (8 * i);
+        return bytes;
+    }
+
+    /// True if @p wanted, whose first bytes are @p first, is the name at place @p I.
+    template <std::size_t I>
+    [[nodiscard]] constexpr bool is(string_ref wanted, std::uint64_t first) const {
+        return head[I] == first && name_size(I) == wanted.len &&
+               (wanted.len <= 8 || std::memcmp(name(I) + 8, wanted.str + 8, wanted.len - 8) == 0);
     }
 };
 
