@@ -3,6 +3,7 @@
 
 #include <quorixbizmodel/capability/deviceconfigmanager.h>
 #include <quorixbizmodel/capability/interfaceconfig.h>
+#include <quorixbizmodel/common/enumtools.h>
 #include <quorixbizmodel/common/quorixbizconstants.h>
 
 #include <QFileInfo>
@@ -22,13 +23,6 @@ QString slotRange(int first, int count) {
 void addCards(Table &table, const DeviceConfig &config, const QString &kind, const QList<s_SubCardConfig> &cards) {
     for (const s_SubCardConfig &card : cards)
         table.addRow({config.Name, kind, QString::number(card.m_ModelID), card.CardName(), yesNo(card.m_bEnable)});
-}
-
-QString connectorName(int type) {
-    for (const InterfaceConfig::ConnectorInfo &info : InterfaceConfig::instance()->connectorInfos())
-        if (static_cast<int>(info.m_eType) == type)
-            return info.m_strShortName;
-    return QString::number(type);
 }
 
 QStringList flagNames(const InterfaceConfig::SubCard &card) {
@@ -57,7 +51,7 @@ void printConnectors(QTextStream &out, const QMap<unsigned char, InterfaceConfig
     for (auto it = connectors.begin(); it != connectors.end(); ++it) {
         const InterfaceConfig::CardConnector &connector = *it;
         table.addRow({QString::number(it.key()), QString::number(connector.PrintKeyNo),
-                      connectorName(connector.Connector.type), nameOf(kCapacities, connector.Connector.capacityMode),
+                      connectorTypeName(static_cast<Enum::Interface::ConnectorType>(connector.Connector.type)), nameOf(kCapacities, connector.Connector.capacityMode),
                       nameOf(kWorkModes, connector.Connector.workMode),
                       connector.BackupPos == 255 ? QStringLiteral("-") : QString::number(connector.BackupPos),
                       yesNo(connector.Enable), connector.NameOnMaxCapacity});
@@ -81,6 +75,13 @@ void printLayout(QTextStream &out, const InterfaceConfig::SubCard &card) {
 }
 
 } // namespace
+
+QString connectorTypeName(Enum::Interface::ConnectorType type) {
+    for (const InterfaceConfig::ConnectorInfo &info : InterfaceConfig::instance()->connectorInfos())
+        if (info.m_eType == type)
+            return info.m_strShortName;
+    return QString::number(toInt(type));
+}
 
 void readCapabilities(const QString &dataDirectory) {
     static QString readFrom;

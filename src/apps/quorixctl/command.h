@@ -2,6 +2,8 @@
 #ifndef QUORIXCTL_COMMAND_H
 #define QUORIXCTL_COMMAND_H
 
+#include <quorixbizmodel/common/quorixbizenum.h>
+
 #include <QCommandLineParser>
 #include <QString>
 #include <QStringList>
@@ -46,8 +48,13 @@ struct Command {
 /// Reads the capability files of the deployment, once in a process. Throws Failure with the file and the reason.
 void readCapabilities(const QString &dataDirectory);
 
+/// Short name of a connector type of the deployment, its number if the deployment doesn't know it.
+QString connectorTypeName(Quorix::BizModel::Enum::Interface::ConnectorType type);
+
 void runModels(const Invocation &);
 void runCard(const Invocation &);
+void addLimitsOptions(QCommandLineParser &);
+void runLimits(const Invocation &);
 void runTiming(const Invocation &);
 void addEdidOptions(QCommandLineParser &);
 void runEdid(const Invocation &);

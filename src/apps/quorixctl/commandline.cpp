@@ -17,6 +17,8 @@ void noOptions(QCommandLineParser &) {}
 constexpr std::array kCommands{
     Command{"models", "", "chassis of the deployment: slots, limits, cards", 0, 0, noOptions, runModels},
     Command{"card", "ID", "layout tree of a card", 1, 1, noOptions, runCard},
+    Command{"limits", "CARD", "refresh rates that each connector type and capacity of a card carries", 1, 1,
+            addLimitsOptions, runLimits},
     Command{"timing", "WxH@R", "full timing of a mode, and where it comes from", 1, 1, noOptions, runTiming},
     Command{"edid", "show FILE | make MODEL.bin WxH@R -o OUT", "reads an EDID, or makes one from a model", 2, 3,
             addEdidOptions, runEdid},
