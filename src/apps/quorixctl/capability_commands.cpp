@@ -51,7 +51,8 @@ void printConnectors(QTextStream &out, const QMap<unsigned char, InterfaceConfig
     for (auto it = connectors.begin(); it != connectors.end(); ++it) {
         const InterfaceConfig::CardConnector &connector = *it;
         table.addRow({QString::number(it.key()), QString::number(connector.PrintKeyNo),
-                      connectorTypeName(static_cast<Enum::Interface::ConnectorType>(connector.Connector.type)), nameOf(kCapacities, connector.Connector.capacityMode),
+                      connectorTypeName(static_cast<Enum::Interface::ConnectorType>(connector.Connector.type)),
+                      nameOf(kCapacities, connector.Connector.capacityMode),
                       nameOf(kWorkModes, connector.Connector.workMode),
                       connector.BackupPos == 255 ? QStringLiteral("-") : QString::number(connector.BackupPos),
                       yesNo(connector.Enable), connector.NameOnMaxCapacity});

@@ -81,8 +81,9 @@ QStringList interfaceCells(const std::shared_ptr<Interface> &interface) {
 void printSlots(QTextStream &out, const std::shared_ptr<Device> &device) {
     static const char *const kWorkModes[] = {"master", "backup", "no output"};
     Table table({QStringLiteral("slot"), QStringLiteral("card"), QStringLiteral("name"), QStringLiteral("port"),
-                 QStringLiteral("type"), QStringLiteral("capacity"), QStringLiteral("work"), QStringLiteral("interface"),
-                 QStringLiteral("preset"), QStringLiteral("actual"), QStringLiteral("colour"), QStringLiteral("state")});
+                 QStringLiteral("type"), QStringLiteral("capacity"), QStringLiteral("work"),
+                 QStringLiteral("interface"), QStringLiteral("preset"), QStringLiteral("actual"),
+                 QStringLiteral("colour"), QStringLiteral("state")});
     for (const auto &weakCard : device->subcards()) {
         const auto card = weakCard.lock();
         QStringList cardCells{device->subCardDescription(card->slotId(), device->mvrEnabled()),

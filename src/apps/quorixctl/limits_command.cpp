@@ -49,7 +49,8 @@ std::pair<QStringList, QString> judge(Interface &interface, const QSize &size) {
         Helper::calcTimingbyModel(&timing, size.width(), size.height(), rate);
         QString error;
         if (!interface.isBandwidthExceeded(timing.horizontal.totalTime, timing.vertical.totalTime, rate,
-                                           Enum::Interface::ColorSpace::AUTO, Enum::Interface::ColorDepth::_255_, error))
+                                           Enum::Interface::ColorSpace::AUTO, Enum::Interface::ColorDepth::_255_,
+                                           error))
             passed << QString::number(static_cast<double>(rate), 'g', 5);
         else if (refusal.isEmpty())
             refusal = error;
@@ -106,8 +107,8 @@ void runLimits(const Invocation &call) {
                 for (const InterfaceConfig::CardConnector &entry : connectors.CardConnectors)
                     if (seen.insert({entry.Connector.type, entry.Connector.capacityMode}).second)
                         addRow(table, device, *place, id, {mode.width, mode.height}, entry.Connector);
-    call.out << "card " << id << " in slot " << place->slot << " of chassis " << place->modelId << ", "
-             << mode.width << 'x' << mode.height << ", RGB 4:4:4, 8 bit\n";
+    call.out << "card " << id << " in slot " << place->slot << " of chassis " << place->modelId << ", " << mode.width
+             << 'x' << mode.height << ", RGB 4:4:4, 8 bit\n";
     table.print(call.out, 2);
 }
 
