@@ -48,7 +48,9 @@ INSTANTIATE_TEST_SUITE_P(
                     Row{"timing 2560x1440@60", 0, "241.699 MHz", ""}, Row{"timing 0x0@0", 0, "CVT", ""},
                     Row{"timing 1920x1080", 2, "", "not a mode"}, Row{"timing 99999x1080@60", 2, "", "not a mode"},
                     Row{"timing", 2, "", "timing takes: WxH@R"}, Row{"card 1", 1, "", "no card 1"},
-                    Row{"card 30474", 0, "capacity group", ""}, Row{"card x", 2, "", "not a card model id"},
+                    Row{"card 30474", 0, "capacity group", ""},
+                    Row{"limits 30474", 0, "Maximum supported bandwidth:3.6Gbps,Current bandwidth:3.9Gbps.", ""},
+                    Row{"limits 1", 1, "", "takes a card 1"}, Row{"card x", 2, "", "not a card model id"},
                     Row{"models", 0, "29959", ""}, Row{"dance", 2, "", "no such command: dance"},
                     Row{"models --loud", 2, "", "loud"}, Row{"show missing.json", 1, "", "missing.json: "},
                     Row{"edid show missing.bin", 1, "", "missing.bin: "}, Row{"edid dance x", 2, "", "not dance"},
@@ -98,7 +100,8 @@ TEST(CommandLine, EventsAreLinesWithTheDeviceInFront) {
     const QStringList lines = outcome.out.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     ASSERT_GE(lines.size(), 3);
     EXPECT_TRUE(lines.first().startsWith(QStringLiteral("{\"signal\":\"signalDeviceAppended\",\"owners\":[\"")));
-    EXPECT_TRUE(lines.last().contains(QStringLiteral("signalDeviceOnlineStatusChanged")));
+    EXPECT_EQ(lines.filter(QStringLiteral("signalDeviceOnlineStatusChanged")).size(), 1);
+    EXPECT_EQ(lines.filter(QStringLiteral("signalInputAdded")).size(), 6); // four DVI, HDMI and DP
 }
 
 TEST(CommandLine, ShowFeedsEveryReportThroughTheHub) {
@@ -106,6 +109,7 @@ TEST(CommandLine, ShowFeedsEveryReportThroughTheHub) {
     ASSERT_EQ(outcome.code, 0) << outcome.err.toStdString();
     EXPECT_TRUE(outcome.out.contains(QStringLiteral("2 devices")));
     EXPECT_TRUE(outcome.out.contains(QStringLiteral("[online]")));
+    EXPECT_TRUE(outcome.out.contains(QStringLiteral("Input 2-2   1920x1080@60Hz  1920x1200@60Hz  RGB 4:4:4, 8bit")));
 }
 
 } // namespace

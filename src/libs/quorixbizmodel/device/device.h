@@ -371,7 +371,7 @@ public:
 
     /// Takes over status and progress of a long job; the current index is that of the file in work, from 1. For the
     /// application's thread, as are the self-check's operations.
-    void setDeviceProcess(ProtoModel::Auxiliary::s_DeviceProcess process);
+    void setDeviceProcess(const ProtoModel::Auxiliary::s_DeviceProcess &process);
     /// No signal: the application reads a report when it has asked for one.
     void setDeviceSelfCheckDetail(ProtoModel::Auxiliary::s_DeviceSelfCheckDetail detail);
     ProtoModel::Auxiliary::s_DeviceSelfCheckDetail &deviceSelfCheckDetail();

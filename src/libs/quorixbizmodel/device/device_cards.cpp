@@ -289,7 +289,8 @@ void Device::addSubcard(const std::shared_ptr<Subcard> &pSubcard) {
         fillRecord(body, pSubcard->slotId(), pSubcard->modelId(), pSubcard->cardType(), {});
         appendProtoSubcard(std::move(body));
     }
-    pSubcard->setOwerDevice(weak_from_this());
+    // Owner and relays: connectors that the card brings along have joined the hub without this device.
+    pSubcard->unserailize(weak_from_this());
     appendModelSubcard(pSubcard);
     Q_EMIT signalSubCardAdded(pSubcard);
 }
@@ -305,7 +306,9 @@ void Device::initSubCards(const QMap<unsigned char, unsigned short> &slotIdForMo
         dropped.swap(m_subcards);
     }
     dropped.clear();
-    for (auto entry = slotIdForModelId.begin(); entry != slotIdForModelId.end(); ++entry)
+    // An own map: a listener may change the caller's.
+    const auto models = QMap<unsigned char, unsigned short>(slotIdForModelId);
+    for (auto entry = models.begin(); entry != models.end(); ++entry)
         addSubcard(entry.key(), entry.value());
 }
 
@@ -454,17 +457,19 @@ void Device::initModelConnector(const Body &subCardBody) {
 void Device::setInterfaceInfo(const quint8 &nSubcardIndex,
                               const QMap<unsigned char, InterfaceConfig::s_ConnectorInfo> &posForCardConnector,
                               const QMap<unsigned char, InterfaceConfig::s_CardConnector> &cardConnector) {
-    for (auto position = posForCardConnector.begin(); position != posForCardConnector.end(); ++position) {
+    // Own maps: a listener to the capacity signal may change the caller's.
+    const auto infos = QMap<unsigned char, InterfaceConfig::s_ConnectorInfo>(posForCardConnector);
+    const auto entries = QMap<unsigned char, InterfaceConfig::s_CardConnector>(cardConnector);
+    for (auto position = infos.begin(); position != infos.end(); ++position) {
         // Looked up each time: a listener to the capacity signal may take the card away.
         const auto card = cardAt(nSubcardIndex);
         if (card == nullptr)
             continue;
         const int id = position.key();
-        const auto entry = cardConnector.value(position.key());
+        const auto entry = entries.value(position.key());
         const auto type = position->m_eType;
-        const auto capacity = cardConnector.contains(position.key())
-                                  ? static_cast<CapacityMode>(entry.Connector.capacityMode)
-                                  : CapacityMode::invaild;
+        const auto capacity = entries.contains(position.key()) ? static_cast<CapacityMode>(entry.Connector.capacityMode)
+                                                               : CapacityMode::invaild;
         const auto workMode = static_cast<WorkMode>(entry.Connector.workMode);
         auto connector = card->connector(id).lock();
         if (connector == nullptr) {

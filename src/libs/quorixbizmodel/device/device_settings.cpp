@@ -293,13 +293,15 @@ ProtoModel::Device::s_InterfaceMapping Device::outputMapping() {
 
 // Jobs and self-checks
 
-void Device::setDeviceProcess(ProtoModel::Auxiliary::s_DeviceProcess process) {
+void Device::setDeviceProcess(const ProtoModel::Auxiliary::s_DeviceProcess &process) {
     const auto &details = process.processDetails;
     const auto done =
         std::count_if(details.begin(), details.end(), [](const auto &file) { return file.process == 100; });
     const auto total = static_cast<int>(details.size());
+    // Read before the first signal: a listener may change the caller's record.
+    const int progress = process.totalProcess;
     setOperationStatus(static_cast<Enum::Device::OperationStatus>(process.status));
-    setDeviceTotalProcess(process.totalProcess);
+    setDeviceTotalProcess(progress);
     setDeviceLoadFileTotalNum(total);
     setCurrentLoadIndex(std::min(static_cast<int>(done) + 1, total));
 }

@@ -62,7 +62,14 @@ void Interface::updateCrop() {
 
 QRect Interface::validRectUnderCrop() const {
     const auto present = crop();
-    return Helper::int2Bool(present.enable) ? Helper::sRect2QRect(present) : QRect({0, 0}, validSizeUnderActive());
+    if (Helper::int2Bool(present.enable))
+        return Helper::sRect2QRect(present);
+    // By way of a record: its conversion takes any size that a report brings.
+    const QSize frame = validSizeUnderActive();
+    ProtoModel::s_Rect whole;
+    whole.width = frame.width();
+    whole.height = frame.height();
+    return Helper::sRect2QRect(whole);
 }
 
 } // namespace Quorix::BizModel

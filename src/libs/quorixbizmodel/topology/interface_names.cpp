@@ -44,7 +44,7 @@ QString Interface::nextInputInterfaceName(uint8_t slotId) const {
     if (config == nullptr)
         return kNoName;
     const SlotRange range{config->InputSlotStartIndex, config->InputSlotCount};
-    return tr("Input %1-%2").arg(range.place(slotId)).arg(printKeyNo() + 1);
+    return tr("Input %1-%2").arg(range.place(slotId)).arg(qint64{printKeyNo()} + 1);
 }
 
 QString Interface::nextOutputInterfaceName(uint8_t slotId) const {
@@ -53,7 +53,7 @@ QString Interface::nextOutputInterfaceName(uint8_t slotId) const {
     if (config == nullptr)
         return kNoName;
     const SlotRange range{config->OutputSlotStartIndex, config->OutputSlotCount};
-    return tr("Output %1-%2").arg(range.place(slotId)).arg(printKeyNo() + 1);
+    return tr("Output %1-%2").arg(range.place(slotId)).arg(qint64{printKeyNo()} + 1);
 }
 
 QString Interface::nextAuxInterfaceName() const {
@@ -82,7 +82,7 @@ QString Interface::positionName() const {
     const bool isInput = !isExpansion && !isMvr && input.contains(slot);
     if (!isExpansion && !isInput && !isMvr && !output.contains(slot))
         return kNoName;
-    const int port = printKeyNo() + 1;
+    const qint64 port = qint64{printKeyNo()} + 1; // the file may hold any number
     if (port <= 0)
         return kNoName;
     if (isExpansion)
