@@ -15,7 +15,7 @@ if [ -n "$$missing" ]; then $(SUDO) apt-get update -qq && \
 	$(SUDO) env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $$missing; fi
 endef
 
-.PHONY: build demo test bench check deps bench-deps check-deps clean
+.PHONY: build demo test bench check tidy deps bench-deps check-deps clean
 
 deps:
 	$(call install,$(PACKAGES))
@@ -41,6 +41,9 @@ bench: bench-deps
 
 check: check-deps
 	cmake/check.sh
+
+tidy: check-deps
+	TIDY_BASE=all cmake/tidy.sh
 
 clean:
 	rm -rf build

@@ -26,6 +26,58 @@
         <source>[offline]   </source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>This sub card has been offline, please synchronize the data.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sub card online failed, please restart the device.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The current device does not support this sub card, please replace it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The current slot does not support this sub card, please replace it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Hardware data error, please contact technical support.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Failed to obtain the configuration information of this sub card. Please replace it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The configuration information of this sub card is wrong, please replace it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>type is error,type is:%1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>interface id is error,interface id is:%1-%2-%3</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Synchronizing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Synchronization</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>SynchronizeFailure</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>Quorix::BizModel::DeviceConfigManager</name>
@@ -84,6 +136,36 @@
     </message>
     <message>
         <source>On</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Quorix::BizModel::Input</name>
+    <message>
+        <source>The bandwidth exceeded the max bandwidth limit. Please try again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Quorix::BizModel::Interface</name>
+    <message>
+        <source>Minimum supported bandwidth:%1%2,Current bandwidth:%3%4.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Maximum supported bandwidth:%1%2,Current bandwidth:%3%4.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Input %1-%2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Output %1-%2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>AUX %1</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
