@@ -41,7 +41,7 @@ target_compile_definitions(quorix_build INTERFACE
 if(QUORIX_SANITIZE)
     add_compile_options(-fsanitize=${QUORIX_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
     # The checks that the sanitizers weave in mislead g++'s flow analysis; the plain builds keep these warnings.
-    add_compile_options(-Wno-maybe-uninitialized -Wno-stringop-overread)
+    add_compile_options($<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized> $<$<CXX_COMPILER_ID:GNU>:-Wno-stringop-overread>)
     add_link_options(-fsanitize=${QUORIX_SANITIZE})
     add_compile_definitions(QUORIX_SANITIZED)
 endif()

@@ -41,7 +41,7 @@ ctest --preset tsan -j "$jobs"
 
 step "fuzzing"
 cmake --preset fuzz >/dev/null
-cmake --build --preset fuzz -j "$jobs" --quiet
+cmake --build --preset fuzz --target fuzzers -j "$jobs" --quiet
 for target in build/fuzz/bin/fuzz_*; do
     name=${target##*/fuzz_}
     work=build/fuzz/corpus/$name
