@@ -73,6 +73,13 @@ TEST_F(Cards, CanBePutInWithoutConnectors) {
     device->addSubcard(263, CardType::_MVR, 30535); // 263 is 7 in 8 bits
     device->addSubcard(std::shared_ptr<Subcard>());
     EXPECT_EQ(device->subcards().size(), 1);
+    const auto built = std::make_shared<Subcard>(uint8_t{8}, uint8_t{3});
+    built->addConnector(std::make_shared<Connector>(uint8_t{0})); // before the card has a device
+    device->addSubcard(built);
+    log.name(built.get(), QStringLiteral("built"));
+    log.take();
+    built->connector(0).lock()->setActived(true);
+    EXPECT_THAT(log.take(), ElementsAre("signalConnectorSignalChanged(device, built, ?)"));
 }
 
 TEST_F(Cards, FollowAReport) {

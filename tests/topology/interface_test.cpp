@@ -176,6 +176,10 @@ TEST_F(Interfaces, KeepACropThroughAChangeOfTheFrame) {
     EXPECT_EQ(input->crop().x, 2147483647); // what doesn't fit ends at the limit
     EXPECT_EQ(input->crop().width, std::numeric_limits<int>::min());
     EXPECT_EQ(input->cropRect().x(), 2147483647);
+    wild.horizontal.addTime = std::numeric_limits<int>::min();
+    input->setCropEnable(false);
+    input->setActualTiming(wild);
+    EXPECT_EQ(input->validRectUnderCrop().topLeft(), QPoint(0, 0)); // no size overflows
 }
 
 TEST_F(Interfaces, FollowAReportButForIdAndHdr) {

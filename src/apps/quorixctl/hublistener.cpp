@@ -2,6 +2,10 @@
 
 #include <quorixbizmodel/device/device.h>
 #include <quorixbizmodel/hub/devicelist.h>
+#include <quorixbizmodel/topology/connector.h>
+#include <quorixbizmodel/topology/input.h>
+#include <quorixbizmodel/topology/output.h>
+#include <quorixbizmodel/topology/subcard.h>
 
 namespace quorixctl {
 namespace {
@@ -17,6 +21,18 @@ const T &as(const void *argument) {
     return *static_cast<const T *>(argument);
 }
 
+std::string nameText(const std::shared_ptr<Interface> &interface) {
+    return interface ? interface->name().toStdString() : std::string("gone");
+}
+
+std::string slotText(const std::shared_ptr<Subcard> &card) {
+    return card ? "slot " + std::to_string(card->slotId()) : std::string("gone");
+}
+
+std::string portText(const std::shared_ptr<Connector> &connector) {
+    return connector ? "port " + std::to_string(connector->id()) : std::string("gone");
+}
+
 /// How an argument of a type reads; owners stand in front of an event's other arguments.
 struct ArgumentForm {
     const char *type; ///< as the hub's declaration spells it
@@ -27,6 +43,13 @@ struct ArgumentForm {
 const ArgumentForm kForms[] = {
     {"std::weak_ptr<Device>", true, [](const void *a) { return deviceText(as<std::weak_ptr<Device>>(a).lock()); }},
     {"std::shared_ptr<Device>", true, [](const void *a) { return deviceText(as<std::shared_ptr<Device>>(a)); }},
+    {"std::weak_ptr<Subcard>", true, [](const void *a) { return slotText(as<std::weak_ptr<Subcard>>(a).lock()); }},
+    {"std::shared_ptr<Subcard>", true, [](const void *a) { return slotText(as<std::shared_ptr<Subcard>>(a)); }},
+    {"std::weak_ptr<Connector>", true, [](const void *a) { return portText(as<std::weak_ptr<Connector>>(a).lock()); }},
+    {"std::weak_ptr<Interface>", true, [](const void *a) { return nameText(as<std::weak_ptr<Interface>>(a).lock()); }},
+    {"std::weak_ptr<Input>", true, [](const void *a) { return nameText(as<std::weak_ptr<Input>>(a).lock()); }},
+    {"std::shared_ptr<Input>", true, [](const void *a) { return nameText(as<std::shared_ptr<Input>>(a)); }},
+    {"std::shared_ptr<Output>", true, [](const void *a) { return nameText(as<std::shared_ptr<Output>>(a)); }},
     {"QString", false, [](const void *a) { return as<QString>(a).toStdString(); }},
     {"int", false, [](const void *a) { return std::to_string(as<int>(a)); }},
     {"bool", false, [](const void *a) { return std::string(as<bool>(a) ? "true" : "false"); }},
