@@ -31,17 +31,17 @@ cmake/tidy.sh
 
 step "sanitizers: address and undefined behaviour"
 cmake --preset asan >/dev/null
-cmake --build --preset asan -j "$jobs" --quiet
+cmake --build --preset asan -j "$jobs" -- --quiet
 ctest --preset asan -j "$jobs"
 
 step "sanitizers: threads"
 cmake --preset tsan >/dev/null
-cmake --build --preset tsan -j "$jobs" --quiet
+cmake --build --preset tsan -j "$jobs" -- --quiet
 ctest --preset tsan -j "$jobs"
 
 step "fuzzing"
 cmake --preset fuzz >/dev/null
-cmake --build --preset fuzz --target fuzzers -j "$jobs" --quiet
+cmake --build --preset fuzz --target fuzzers -j "$jobs" -- --quiet
 for target in build/fuzz/bin/fuzz_*; do
     name=${target##*/fuzz_}
     work=build/fuzz/corpus/$name
@@ -54,7 +54,7 @@ done
 
 step "exported symbols"
 cmake --preset default >/dev/null
-cmake --build --preset default -j "$jobs" --quiet
+cmake --build --preset default -j "$jobs" -- --quiet
 cmake/check-symbols.sh build/default/lib/libquorixbizmodel.so.1
 
 step "an EDID that other tools accept"
@@ -68,7 +68,7 @@ step "installed consumer"
 rm -rf build/stage build/consumer
 cmake --install build/default --prefix build/stage >/dev/null
 cmake -S tests/consumer -B build/consumer -G Ninja -DCMAKE_PREFIX_PATH="$PWD/build/stage" >/dev/null
-cmake --build build/consumer --quiet
+cmake --build build/consumer -- --quiet
 LD_LIBRARY_PATH=$(dirname "$(find build/stage -name libquorixbizmodel.so.1)") build/consumer/consumer
 pc=$(dirname "$(find build/stage -name quorixbizmodel.pc)")
 PKG_CONFIG_PATH=$pc pkg-config --cflags --libs quorixbizmodel >/dev/null

@@ -15,8 +15,8 @@
 #include <quorixbizmodel/device/device.h>
 #include <quorixbizmodel/hub/devicelist.h>
 #include <quorixbizmodel/topology/connector.h>
-#include <quorixbizmodel/topology/subcard.h>
 #include <quorixbizmodel/topology/input.h>
 #include <quorixbizmodel/topology/output.h>
+#include <quorixbizmodel/topology/subcard.h>
 
 #endif
