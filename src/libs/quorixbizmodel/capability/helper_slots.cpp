@@ -1,6 +1,7 @@
 #include <quorixbizmodel/common/helper.h>
 
 #include <quorixbizmodel/capability/deviceconfigmanager.h>
+#include <quorixbizmodel/capability/slotrange.h>
 #include <quorixbizmodel/common/enumtools.h>
 
 namespace Quorix::BizModel {
@@ -12,15 +13,16 @@ QString Helper::getSlotDescription(Enum::Device::Type type, int position, bool m
 }
 
 QString Helper::slotLabel(const s_DeviceConfig &config, int position, bool mvrEnabled) {
-    const auto isWithin = [position](int start, int count) { return position >= start && position < start + count; };
-    if (isWithin(config.InputSlotStartIndex, config.InputSlotCount))
-        return QStringLiteral("In%1").arg(position - config.InputSlotStartIndex + 1);
-    if (isWithin(config.OutputSlotStartIndex, config.OutputSlotCount)) {
-        if (mvrEnabled && isWithin(config.MVRScreensCfg.StartSlotIndex, config.MVRScreensCfg.SlotCount))
-            return QStringLiteral("MVR");
-        return QStringLiteral("Out%1").arg(position - config.OutputSlotStartIndex + 1);
-    }
-    return isWithin(config.ExpSlotStartIndex, config.ExpSlotCount) ? QStringLiteral("Exp") : QString();
+    const SlotRange inputs{config.InputSlotStartIndex, config.InputSlotCount};
+    const SlotRange outputs{config.OutputSlotStartIndex, config.OutputSlotCount};
+    const SlotRange multiviewer{config.MVRScreensCfg.StartSlotIndex, config.MVRScreensCfg.SlotCount};
+    const SlotRange expansion{config.ExpSlotStartIndex, config.ExpSlotCount};
+    if (inputs.contains(position))
+        return QStringLiteral("In%1").arg(inputs.place(position));
+    if (outputs.contains(position))
+        return mvrEnabled && multiviewer.contains(position) ? QStringLiteral("MVR")
+                                                            : QStringLiteral("Out%1").arg(outputs.place(position));
+    return expansion.contains(position) ? QStringLiteral("Exp") : QString();
 }
 
 } // namespace Quorix::BizModel
