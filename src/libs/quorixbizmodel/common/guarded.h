@@ -5,6 +5,7 @@
 #include <quorixbizmodel/common/guards.h>
 
 #include <optional>
+#include <tuple>
 #include <type_traits>
 #include <utility>
 
@@ -27,6 +28,13 @@ template <class T>
     return assign(field, std::move(value));
 }
 
+/// The same for a switch that is stored as a number, any but 0 being on: one that is on already keeps its number.
+template <class Number>
+[[nodiscard]] bool assignSwitch(QReadWriteLock &lock, Number &field, bool isOn) {
+    const WriteGuard guard(lock);
+    return (field != 0) != isOn && assign(field, isOn ? Number{1} : Number{0});
+}
+
 /// The same for a field whose parts have signals of their own: what it held before, nothing if it was equal.
 template <class T>
 [[nodiscard]] std::optional<T> exchanged(QReadWriteLock &lock, T &field, std::type_identity_t<T> value) {
@@ -41,6 +49,13 @@ template <class T>
 [[nodiscard]] T copyOf(QReadWriteLock &lock, const T &field) {
     const ReadGuard guard(lock);
     return field;
+}
+
+/// Fields that belong together, copied under one read lock: what is asked next may take the lock again.
+template <class... Field>
+[[nodiscard]] std::tuple<Field...> copiesOf(QReadWriteLock &lock, const Field &...fields) {
+    const ReadGuard guard(lock);
+    return {fields...};
 }
 
 } // namespace Quorix::BizModel

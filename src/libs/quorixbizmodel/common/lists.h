@@ -9,9 +9,12 @@
 
 #include <algorithm>
 #include <functional>
+#include <iterator>
 #include <memory>
 #include <ranges>
+#include <type_traits>
 #include <utility>
+#include <vector>
 
 namespace Quorix::BizModel {
 
@@ -26,11 +29,33 @@ template <class List>
     return references;
 }
 
-/// The same of a list behind a lock, taken under the read lock.
+/// The entries of a list behind a lock, to be walked without it. Null entries, which a document may leave in a list of
+/// the model, aren't among them.
+template <class List>
+[[nodiscard]] auto presentEntries(QReadWriteLock &lock, const List &list) {
+    std::vector<typename List::value_type> entries;
+    const ReadGuard guard(lock);
+    entries.reserve(list.size());
+    std::copy_if(list.begin(), list.end(), std::back_inserter(entries),
+                 [](const auto &entry) { return entry != nullptr; });
+    return entries;
+}
+
+/// Weak references to them.
 template <class List>
 [[nodiscard]] auto weakReferences(QReadWriteLock &lock, const List &list) {
-    const ReadGuard guard(lock);
-    return weakReferences(list);
+    return weakReferences(presentEntries(lock, list));
+}
+
+/// Shared references to what is alive of a list of weak ones, in its order.
+template <class T>
+[[nodiscard]] QList<std::shared_ptr<T>> livingReferences(const QList<std::weak_ptr<T>> &list) {
+    QList<std::shared_ptr<T>> living;
+    living.reserve(list.size());
+    for (const auto &reference : list)
+        if (auto object = reference.lock())
+            living.append(std::move(object));
+    return living;
 }
 
 /// The first entry that @p matches accepts, or an empty reference. Null entries are passed over.
@@ -39,6 +64,19 @@ template <class List, class Predicate>
     const auto found = std::find_if(
         list.begin(), list.end(), [&](const auto &entry) { return entry != nullptr && std::invoke(matches, *entry); });
     return found == list.end() ? typename List::value_type{} : *found;
+}
+
+/// True if both references are of one object, also of one that has gone. No reference is taken: asked under a lock,
+/// this can't be where the last one ends.
+template <class Left, class Right>
+[[nodiscard]] bool isSameObject(const Left &left, const Right &right) {
+    return !left.owner_before(right) && !right.owner_before(left);
+}
+
+/// The entry of a list of references that is of the same object as @p reference, or the end.
+template <class List, class Reference>
+[[nodiscard]] auto findObject(List &list, const Reference &reference) {
+    return std::find_if(list.begin(), list.end(), [&](const auto &entry) { return isSameObject(entry, reference); });
 }
 
 /// Takes the entry that is @p object out of a list. The result is the entry, empty if the list doesn't hold it: let it
@@ -66,6 +104,21 @@ void sortByKey(List &list, Key key) {
     std::stable_sort(list.begin(), list.end(), [&](const auto &left, const auto &right) {
         return std::invoke(key, left) < std::invoke(key, right);
     });
+}
+
+/// The same with each key read once, for keys that cost a lock, or that another thread may change meanwhile.
+template <class List, class Key>
+void sortByKeyOnce(List &list, Key key) {
+    using Element = typename List::value_type;
+    std::vector<std::pair<std::decay_t<std::invoke_result_t<Key &, const Element &>>, Element>> keyed;
+    keyed.reserve(static_cast<std::size_t>(list.size()));
+    for (auto &entry : list) {
+        auto read = std::invoke(key, std::as_const(entry));
+        keyed.emplace_back(std::move(read), std::move(entry));
+    }
+    sortByKey(
+        keyed, [](const auto &entry) -> const auto & { return entry.first; });
+    std::transform(keyed.begin(), keyed.end(), list.begin(), [](auto &entry) { return std::move(entry.second); });
 }
 
 /// The lowest number from @p first on that @p isTaken doesn't hold for. Requires: there is one in the type's range.

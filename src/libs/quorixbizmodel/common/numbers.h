@@ -2,6 +2,8 @@
 #ifndef QUORIXBIZMODEL_NUMBERS_H
 #define QUORIXBIZMODEL_NUMBERS_H
 
+#include <QtGlobal>
+
 #include <cstdint>
 #include <limits>
 
@@ -20,7 +22,15 @@ constexpr std::int32_t truncated(double value) noexcept {
     return static_cast<std::int32_t>(value);
 }
 
-/// The same to 64 bits without a sign: below 1 and what is not a number gives 0.
+/// qRound(), which takes halves up, those of negative values toward zero; saturates past 32 bits, and what is not a
+/// number gives 0.
+inline std::int32_t rounded(double value) noexcept {
+    // One off the lowest: qRound() goes a step below the value that it is given.
+    constexpr double highest = std::numeric_limits<std::int32_t>::max();
+    return value != value ? 0 : qRound(value < -highest ? -highest : value > highest ? highest : value);
+}
+
+/// truncated() to 64 bits without a sign: below 1 and what is not a number gives 0.
 constexpr std::uint64_t truncatedUnsigned(double value) noexcept {
     constexpr double limit = 18446744073709551616.0; // 2^64
     if (!(value >= 1.0))

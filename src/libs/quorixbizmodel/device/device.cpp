@@ -123,8 +123,7 @@ void Device::setPreDeviceIPAddress(const QString &ip) {
 QString Device::preDeviceIPAddress() { return copyOf(m_detailRWLock, m_preDeviceIPAddress); }
 
 QString Device::mainControlVersion() {
-    const ReadGuard guard(m_deviceBaseInfoRWLock);
-    const auto version = m_pDeviceBaseInfo == nullptr ? std::string() : m_pDeviceBaseInfo->mainControlVersion();
+    const auto version = readBaseInfo(&ProtoModel::DeviceBaseInfo::mainControlVersion);
     return version.empty() ? QStringLiteral("N/A") : QString::fromStdString(version);
 }
 

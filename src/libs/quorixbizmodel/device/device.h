@@ -10,14 +10,19 @@
 #include <quorixprotomodel/auxiliary.h>
 #include <quorixprotomodel/device.h>
 #include <quorixprotomodel/devicebaseinfo.h>
+#include <quorixprotomodel/file.h>
 #include <quorixprotomodel/interface.h>
+#include <quorixprotomodel/layer.h>
 #include <quorixprotomodel/screen.h>
 
 #include <QGraphicsView>
 #include <QList>
 #include <QMap>
 #include <QObject>
+#include <QPoint>
+#include <QSize>
 #include <QString>
+#include <QVector>
 
 #include <atomic>
 #include <cstdint>
@@ -295,16 +300,356 @@ public:
     void removeInterface(const uint8_t &slot);
     /// Removes what a report no longer names, without a signal; pairs and selection stay.
     void removeInterface(int type, int slot, int connector);
+
+    // Screens (device_screens.cpp): kept by id within a kind. Types are masks of Enum::Screen::ScreenType.
+
+    /// A screen of this device, in no list; null for a type that is no kind, and for `EchoScreen`.
+    std::shared_ptr<Screen> creatScreen(Enum::Screen::ScreenType type);
+    /// The same with the next id, index, name and place, in silence.
+    std::shared_ptr<Screen> createDefaultScreen(Enum::Screen::ScreenType type, int row, int column);
+    /// Makes a screen of a record; nothing if type and id exist.
+    void addScreen(const ProtoModel::Screen::s_Enable &enable);
+    void addScreens(const std::vector<ProtoModel::Screen::s_Enable> &enables);
+    /// Takes screens over, and pushes their picture parameters to their outputs.
+    void addScreens(const QList<std::shared_ptr<Screen>> &screens);
+    /// Only puts it into its list, and signals.
+    void appendScreen(const std::shared_ptr<Screen> &screen);
+    void modifyScreen(const std::weak_ptr<Screen> &screen, ProtoModel::Screen::s_Enable &enable);
+    /// Removes the layers elsewhere that show the screen, the screen, and its selection.
+    void removeScreen(const std::weak_ptr<Screen> &screen);
+    /// Only takes it out of its list, and signals.
+    void removeScreen(const std::shared_ptr<Screen> &screen);
+    void removeScreens(const QList<std::weak_ptr<Screen>> &screens);
+    /// By index, then within a kind by id, else by kind.
+    QList<std::weak_ptr<Screen>> screens(int screenType);
+    QList<std::weak_ptr<Screen>> regulerScreens();
+    std::weak_ptr<Screen> findScreen(Enum::Screen::ScreenType type, const uint8_t &id);
+    std::weak_ptr<Screen> findScreen(int type, uint8_t id);
+    std::weak_ptr<Screen> findScreen(Enum::Screen::ScreenType type, const std::weak_ptr<Output> &output);
+    std::weak_ptr<Screen> findScreen(const QString &name);
+    std::weak_ptr<AuxScreen> findAuxScreen(const ProtoModel::s_ScreenId &id);
+    std::weak_ptr<AuxScreen> findAuxScreen(const QString &name);
+    bool containsAuxScreen(const ProtoModel::s_ScreenId &id);
+    bool containsAuxScreen(const QString &name);
+    bool containsScreen(const std::weak_ptr<Screen> &screen);
+    bool containsScreen(Enum::Screen::ScreenType type, uint8_t id);
+    /// True if every regular screen handles a missing source, also if there is none.
+    bool screensNovsStatusEnable();
+    /// -255 without a screen.
+    int getMaxScreenZOrder();
+    /// The lowest free id of a kind; 255 when 0 to 254 are taken.
+    uint8_t nextScreenId(Enum::Screen::ScreenType type);
+    /// The number of regular and AUX screens.
+    int nextScreenIndex();
+    /// Names are unique over all kinds.
+    QString nextScreenName(Enum::Screen::ScreenType type);
+    QString nextRegulerScreenName();
+    QString nextAuxScreenName();
+    QString nextMVRScreenName();
+    /// A name that doesn't stand in @p names either.
+    QString nextMVRScreenName(const QVector<QString> &names);
+    /// The first free place on the diagonal of the user's canvas.
+    QPoint nextScreenLayoutPos();
+    /// What the screens @p screenType show of a source; @p layerType doesn't narrow it.
+    QList<std::weak_ptr<Layer>> layersBySource(uint32_t sourceId, Enum::Layer::SourceType souceType, int screenType,
+                                               int layerType);
+    /// The records of the cards that carry a screen's outputs, in the order of the outputs.
+    QList<ProtoModel::Device::s_subcardBody> protoSubcards(const std::weak_ptr<Screen> &screen);
+
+    // Hot backup (device_hotbackup.cpp): pairs of interfaces by packed id, split 0, of which one is in force. A pair is
+    // the same with its interfaces in either order.
+
+    void setInterfaceRelation(const ProtoModel::Device::s_InterfaceRelation &relation);
+    void setInterfaceRelationEnable(const bool &isEnabled);
+    bool interfaceRelationEnable();
+    ProtoModel::Device::s_InterfaceRelation interfaceRelation();
+    /// The partner of an interface, also while hot backup is off; -1 if it is in no pair.
+    int getInterfaceRelation(int interfaceId);
+    /// Follows a report of who is in force: layers go to that interface. A report can't add a pair.
+    void updateInterfaceRelation(const ProtoModel::Device::s_RelationArray &relations);
+    /// Lets the layers that show the other interface of a pair show @p actualInterface.
+    void updateLayerInputSource(const ProtoModel::Device::s_Relation &relation, int actualInterface);
     /// Drops the backup pairs of one connector.
     void removeInterfaceRelation(const uint8_t &nSlotId, const uint8_t &nInterfaceId);
+    /// Drops the backup pairs of a card.
+    void removeInterfaceRelationBySlotId(const uint8_t &nSlotId);
+    /// False while hot backup is off.
+    bool isUsedForHotBack(int slotId, int connectorId);
+    /// Whether a connector that a layout of the card has is in a pair.
+    bool isUsedForHotBack(const int &slotId, const int &capacityGroup, const int &connectorGroup, const int &capacity);
+    /// What an open editor may change, as slot and connector; places in no pair are left out.
+    void setAllowEditedHotBackupConnectors(std::list<std::pair<int, int>> connectors);
+    bool isAllowEditedHotBackupConnector(const int &slotId, const int &connectorId);
+    /// Offers the connectors with the capacity of this one as its partner, or all if none has been chosen.
+    void updateAvailableInterface(const int &slotId, const int &connectorId, const bool &isHasSelectConnetors);
+    void resetHotBackForSameCapacity();
 
-    // Selection: for the application's thread.
+    // Who uses what (device_usage.cpp). Nothing is changed; texts are translated. A gathered @p usedInfo isn't cleared
+    // first, so that several questions can share one text.
 
+    /// True if @p usedInfo ends up not empty: it gathers the names of the screens that show an input, and the genlock.
+    bool isInputUsed(const uint32_t &id, QString &usedInfo);
+    bool isInputUsedByGenlock(const uint32_t &id);
+    /// Whether the input of a port, or the one that a change of capacity takes with it, is used.
+    bool isInputOrRelatedCapacityInputUsed(const uint8_t &nSlotIndex, const uint8_t &nInputIndex, const int &capacity,
+                                           QString &usedInfo);
+    /// Whether an input of a layout of the card is used.
+    bool isInputOrRelatedTypeInputUsed(const uint8_t &nSlotIndex, const int &capacityGroup,
+                                       const uint8_t &nConnectorGroup, const int &capacity, QString &usedInfo);
+    /// Of the input at a place, else of the output there.
+    bool isInterfaceBusy(const uint8_t &slot, const uint8_t &connector, QString &usedInfo);
+    bool isOutputUsed(const uint32_t &id);
+    bool isOutputUsedByScreen(const ProtoModel::s_InterfaceID &id);
+    bool isOutputUsedByAUXScreen(const ProtoModel::s_InterfaceID &id);
+    /// The name of the first regular screen replaces @p usedInfo.
+    bool isOutputUsedByScreen(const ProtoModel::s_InterfaceID &id, QString &usedInfo);
+    bool isOutputUsed(const ProtoModel::s_InterfaceID &id, QString &usedInfo);
+    /// Unused ones of a connector type.
+    QList<std::weak_ptr<Output>> outputsBySameConnectorType(Enum::Interface::ConnectorType type);
+    std::weak_ptr<Output> firstUnsedOutput(Enum::Interface::InterfaceType type);
+    std::weak_ptr<Screen> findScreenOfUseOutput(const std::weak_ptr<Output> &wOutput);
+    bool isSourceUsedByRegulerLayer(const uint32_t &id, Enum::Layer::SourceType type);
+    bool isSourceUsedByAux(const uint32_t &id, Enum::Layer::SourceType type);
+    /// The regular screens with a layer of that source.
+    QList<std::weak_ptr<Screen>> findScreensUsedBKG(Enum::Layer::SourceType type, uint32_t id);
+    /// Active inputs first, then by packed id; entries that have gone come last.
+    void sortInputsBySource(QList<std::weak_ptr<Input>> &inputs);
+    /// From the regular screens, with the signals of the layers.
+    void removeAllLyaerBySource(uint8_t fileId, Enum::Layer::SourceType sourceType);
+    bool isScreenUsedInAux(const std::weak_ptr<Screen> &wScreen);
+    bool isScreenUsedInMvr(const std::weak_ptr<Screen> &wScreen);
+    bool isScreenUsedInLayer(const std::weak_ptr<Screen> &wScreen);
+    /// Whether a layer of any screen, or of a preset, shows a picture; pictures are the types `BKG` and `LOGO`.
+    bool isFileUsed(const uint8_t &fileId, Enum::File::FileType type);
+    /// Whether a layer of the type's kind exists, or a preset shows a picture of the device.
+    bool isFileUsed(Enum::File::FileType type);
+    /// Questions before one picture goes, and all of a type. Presets alone are no use.
+    QString deleteCurrentBKGMessage(const std::weak_ptr<Image> &wImage);
+    QString deleteAllBKGMessage(int fileType);
+    /// Ids of the regular and AUX screens that share a card with a screen, its own among them.
+    QList<int> findAssociatedScreens(const std::weak_ptr<Screen> &wScreen);
+    /// Ids of the regular and AUX screens with an output in one of the slots.
+    QList<int> findScreens(const QList<int> &slotList);
+    /// What emptying a screen takes away, as a question; empty if nothing.
+    QString clearScreenContentsTip(const std::weak_ptr<Screen> &wScreen);
+    /// Empties the screen's layers in silence; those elsewhere that show it stay.
+    void clearScreenContents(const std::weak_ptr<Screen> &wScreen);
+
+    // Multiviewer (device_mvr.cpp)
+
+    /// Makes the cards of the multiviewer's places match its screens. @param isBlockSignal keep the new timing of its
+    /// outputs silent
+    void updateMVRConnector(bool isBlockSignal);
+    bool isOutputUsedByMVRScreen(const ProtoModel::s_InterfaceID &id);
+    /// Whether a multiviewer shows a source.
+    bool isSourceUsedByMVR(const uint32_t &sourceId, Enum::Layer::SourceType sourceType);
+    /// Whether a card for a multiviewer is in place and free. @p errMsg tells why not; a card that is missing beside
+    /// one that is in place leaves its text, too.
+    bool isAllowOpenMVR(QString &errMsg);
+    /// Whether the multiviewers are empty. @p errMsg: why not
+    bool isAllowCloseMVR(QString &errMsg);
+    /// Opens the multiviewer's screens, without asking; @p isSelected signals it.
+    void openMVR(const ProtoModel::Screen::s_EnableArray &enableArray, bool isSelected);
+    /// Makes the cards of the multiviewer's places output cards again, without asking; its screens stay.
+    void closeMVR();
+
+    // Files (device_files.cpp): a list for each kind, in the order in which they came. Ids may stand twice, the first
+    // is found. Operations go by a file's type; one whose class isn't that of its type counts as dead.
+
+    /// A file of that type, in no list and not joined to the hub; null for a type without a class.
+    static std::shared_ptr<File> createFile(Enum::File::FileType type);
+    /// The same for `BKG` and `LOGO`, null for any other type.
+    static std::shared_ptr<Image> createImage(Enum::File::FileType type);
+    /// Puts each file into the list of its type. Null, and a type without a list, are passed over.
+    void addFile(const QList<std::shared_ptr<File>> &files);
+    /// The two types of presets share a list. @param fileType Enum::File::FileType
+    QList<std::weak_ptr<File>> files(int fileType);
+    /// User keys aren't found by id.
+    std::weak_ptr<File> findFile(const ProtoModel::s_FileIdentity &identity);
+    std::weak_ptr<File> findFile(Enum::File::FileType type, int fileId);
+    std::weak_ptr<BKG> findBKG(const uint8_t &id);
+    std::weak_ptr<Logo> findLOGO(const uint8_t &id);
+    std::weak_ptr<File> findUMD(const uint8_t &id);
+    void removeFiles(const QList<std::weak_ptr<File>> &files);
+    /// Empties the list of presets if their type is named; other kinds aren't cleared.
+    void clearAllFiles(const QList<Enum::File::FileType> &types);
+    /// The lowest id that no file of the type has. 255 may be taken, too: ask findFile().
+    uint8_t nextFileId(Enum::File::FileType type);
+    QString nextImageName(Enum::File::FileType type);
+    /// Compares with case.
+    bool isFileNameExist(Enum::File::FileType type, const QString &name);
+    /// False, with a warning, for a file that has gone or is in the list.
+    bool addUmdFile(const std::weak_ptr<File> &file);
+    bool removeUmdFile(const std::weak_ptr<File> &file);
+
+    // Presets (device_presets.cpp)
+
+    /// The number of presets isn't tested, nor the id; of two presets of one id the later one in the list is stored.
+    /// False, with a warning, for a file that has gone or is in the list.
+    bool addPreset(const std::weak_ptr<File> &file);
+    /// Removing the last one also signals that the list is empty.
+    bool removePreset(const std::weak_ptr<File> &file);
+    void clearPreset();
+    QList<std::weak_ptr<File>> presets();
+    std::weak_ptr<File> findPreset(const uint16_t &id);
+    bool containsPreset(const uint16_t &id);
+    /// Compares with case.
+    bool containsPreset(const QString &name);
+    /// Whether a layer of a preset shows a source.
+    bool isSourceUsedByPreset(const uint32_t &id, Enum::Layer::SourceType type);
+    /// Whether the selected regular and AUX screens can be saved as a preset. @param strOperTips begins @p errMsg
+    bool editPresetValidityCheck(const QString &strOperTips, QString &errMsg);
+
+    // User keys and keypads (device_keys.cpp). The keys stand by ascending number, those of one number in the order in
+    // which they came; nothing is replaced.
+
+    bool addUserKeyFile(const std::weak_ptr<File> &file);
+    /// The same for a key that has been edited; the caller removes the old one first.
+    bool addModifyUserKeyFile(const std::weak_ptr<File> &file);
+    /// Removing the last one also signals that the list is empty.
+    bool removeUserKeyFile(const std::weak_ptr<File> &file);
+    /// The same in silence.
+    bool removeModifyUserKeyFile(const std::weak_ptr<File> &file);
+    /// Empties the list if the first of the types is `UserKeyFile`; else false, and nothing changes.
+    bool clearUserKeyFiles(const QList<Enum::File::FileType> &fileTypes);
+    /// True if the number of @p a is greater than that of @p b.
+    bool compareUserKey(const std::shared_ptr<UserKey> &a, const std::shared_ptr<UserKey> &b);
+    /// By file id.
+    std::weak_ptr<UserKey> findUserKey(const uint8_t &id);
+    /// By name, compared with case.
+    std::weak_ptr<File> findUserKey(const QString &name);
+    /// The lowest file id from 1 on that no key has; 255 when 1 to 254 are taken.
+    int nextUserKeyFileID();
+    /// The same.
+    int nextUserKeyID();
+    QString nextUserKeyName();
+    /// Takes the place of all keypads that were there.
+    bool addKeypadFile(const std::weak_ptr<File> &file);
+    /// No signal.
+    bool removeKeypadFile(const std::weak_ptr<File> &file);
+    std::weak_ptr<Keypad> findKeypad(const uint8_t &id);
+
+    // Images (device_images.cpp)
+
+    /// Neither capacity nor id are tested. Empty for an image that is neither background nor logo.
+    std::weak_ptr<Image> addImage(const std::shared_ptr<Image> &image);
+    /// Remove the layers of the regular screens that show the picture, then the picture; the store keeps it.
+    bool removeBKG(const std::weak_ptr<File> &file);
+    bool removeLogo(const std::weak_ptr<File> &file);
+    /// Bytes; a background takes four for each pixel, its width rounded up to a multiple of 16.
+    quint64 bkgUsedCapacity();
+    quint64 remainingBKGCapacity();
+    bool isBKGCapacityEnough(quint64 bytes);
+    /// Slots that the logos take.
+    int currentLogoCount();
+    bool isLogoCapacityEnough(const QSize &size);
+    /// Slots that a logo takes; 0 for an empty size.
+    static int imageSize2ImageCount(const QSize &size);
+    /// True for a store that is full.
+    bool isImageCapacityEnough(Enum::File::FileType type);
+
+    // Selection and viewing (device_selection.cpp): what the operator has picked. Screens by any thread, the rest by
+    // the application's. Lists keep entries that have gone, as empty references.
+
+    QList<std::weak_ptr<Input>> selectedInputs() const;
+    QList<std::weak_ptr<Output>> selectedOutputs() const;
+    std::weak_ptr<Input> firstSelectedInput() const;
+    std::weak_ptr<Output> firstSelectedOutput() const;
+    /// @param interfaceType mask of Enum::Interface::InterfaceType: `Input`, then `MainOutput`
+    QList<std::weak_ptr<Interface>> selectedInterfaces(int interfaceType) const;
+    /// Regular, then AUX, then MVR screens.
+    QList<std::weak_ptr<Screen>> selectedScreen(const int &iScreenType);
+    bool containsSelectedScreen(Enum::Screen::ScreenType type, uint8_t id);
+    bool isScreenSelected(const std::weak_ptr<Screen> &wScreen);
+    QList<std::weak_ptr<Screen>> viewingScreen();
+    std::weak_ptr<Output> activedOutput() const;
+    std::weak_ptr<Screen> activedScreen() const;
+    std::weak_ptr<MVRScreen> activedMVRScreen() const;
+    std::weak_ptr<MVRScreen> activedMVRScreen();
+    std::weak_ptr<Preset> activedPreset() const;
+    uint16_t activedPresetKeyNo() const;
+    uint16_t activedLastPresetKeyNo() const;
+    /// Announces that a screen has been moved onto another; changes nothing.
+    void setSreenMoved(const std::weak_ptr<Screen> &srcScreen, const std::weak_ptr<Screen> &desScreen);
+    /// Inputs are told apart by object, outputs by slot, connector and split. Those of inputs signal in any case.
+    void appendSelectedInput(const QList<std::weak_ptr<Input>> &inputs);
+    void removeSelectedInput(const QList<std::weak_ptr<Input>> &inputs);
     void removeSelectedInput(const uint8_t &nSlotId, const uint8_t &nInterfaceId);
+    void clearSelectedInputs(bool isEmit);
+    /// Hands a colour to the first selected input; false without one.
+    bool updateCutoutRGB(const ProtoModel::s_RGB &rgb, QString &errMsg);
+    void appendSelectedOutput(const std::weak_ptr<Output> &output);
+    void removeSelectedOutput(const std::weak_ptr<Output> &output);
     void removeSelectedOutput(const uint8_t &nSlotId, const uint8_t &nInterfaceId);
+    void clearSelectedOutputs(bool isEmit);
+    /// False for a screen that has gone, isn't this device's, or is selected already. The first MVR screen is
+    /// activated.
+    bool appendSelectedScreen(const std::weak_ptr<Screen> &wScreen, bool isEmitSelectedSignal, bool isEmitViewSignal);
+    void appendSelectedScreen(const QList<std::weak_ptr<Screen>> &screens, bool isEmitSelectedSignal,
+                              bool isEmitViewSignal);
+    void removeSelectedScreen(const QList<std::weak_ptr<Screen>> &screens, bool cancelViewStatus = true);
+    void clearSelectedRegularScreenList(bool isEmit);
+    void clearSelectedAuxScreenList(bool isEmit);
+    void appendViewingScreen(const std::weak_ptr<Screen> &pScreen, bool bEmit);
+    void appendViewingScreen(const QList<std::weak_ptr<Screen>> &screens);
+    void removeViewingScreen(const QList<std::weak_ptr<Screen>> &screens);
+    void clearViewingScreen(bool bEmit);
+    void clearViewingScreen(const QList<std::weak_ptr<RegularScreen>> &regularScreens, bool bEmit);
+    void clearViewingScreen(const QList<std::weak_ptr<AuxScreen>> &auxScreens, bool bEmit);
+    /// An MVR screen goes to setActivedMVRScreen(). The signal reaches the hub queued.
+    void setActivedScreen(const std::weak_ptr<Screen> &wScreen);
+    /// Deselects the layers of the other MVR screens.
+    void setActivedMVRScreen(const std::weak_ptr<MVRScreen> &wScreen);
+    void setActivedOutput(const std::weak_ptr<Output> &output);
+    void setActivedPreset(const std::weak_ptr<Preset> &preset, uint16_t keyNo);
+    void setActivedPresetKeyNo(const uint16_t &keyNo);
+
+    // Group (device_groups.cpp): a text id that the device reports; "0" is no group
+
+    QString groupName();
+    QString groupId();
+    /// Whether the device counts as a member of its group.
+    bool deviceGroupStatus();
+    void setDeviceGroupName(const QString &groupName);
+    void setDeviceGroupId(const QString &groupId);
+    void setDeviceGroupStatus(bool status);
+    /// A reported group: works the status out from the members that the hub knows.
+    void updateDeviceGroupInfo(const ProtoModel::Device::s_DeviceGroupInfoBody &group);
+    void updateDeviceGroupInfo(const ProtoModel::Device::s_DeviceGroupInfoBodyArray &groups);
 
     // Reported state (device_sync.cpp)
 
+    // A full report enters in this order, after DeviceList::append(): device record, interfaces, screens, layers,
+    // files, mapping. All but the first add to what is there, so that a filled device needs clearAll() first. A record
+    // whose parent is missing is dropped. @p errMsg: why the last record failed.
+
+    /// Replaces record and cards. Always true; signals the group alone.
+    bool initModelData(const ProtoModel::Device::s_DeviceDetail &protoDetail, QString &errMsg);
+    /// Always true.
+    bool initModelData(const ProtoModel::Interface::s_InterfaceDetailArry &details, QString &errMsg);
+    /// True if every screen took its record.
+    bool initModelData(const ProtoModel::Screen::s_ScreenFullDetailArray &details, QString &errMsg);
+    /// Replaces the layers of each screen that the records name. Always true.
+    bool initModelData(const ProtoModel::Layer::s_LayerDetailArray &details, QString &errMsg);
+    /// Adds a file of every record whose type has a class, also one that can't take its content (device_files.cpp).
+    /// True if every file took its content.
+    bool initModelData(const ProtoModel::File::s_FileDetailArray &details, QString &errMsg);
+    /// Always true.
+    bool initModelData(const ProtoModel::Device::s_InterfaceMapping &details, QString &errMsg);
+    /// Follows a report of interfaces after a card change; what the report leaves out of a slot is removed. Ends at the
+    /// first slot without a card.
+    void updateModelData(const ProtoModel::Interface::s_InterfaceDetailArry &details);
+    /// Follows a report of the device after a card change, and announces each named slot. Always true.
+    bool updateSlotModelData(const ProtoModel::Device::s_subcards &slotMode,
+                             const ProtoModel::Device::s_DeviceDetail &protoDetail, QString &errMsg);
+    /// Follows reported cards; none is removed.
+    void updateSubCard(const ProtoModel::Device::s_subcardBodyArray &subcards);
+    /// Finishes a device that was read from disk, before it is appended. Events are handled while its pictures are
+    /// loaded: nothing may start a save before all devices are back, or it would leave out those that aren't.
+    void unserailize();
+    /// Keep the multiviewer's layers of the source's scale in step with a source that has changed.
+    void updateLayerAspectRatioType(const std::weak_ptr<Interface> &pInterface);
+    void updateLayerAspectRatioType(const std::weak_ptr<Screen> &pScreen);
     /// Empties the model without a signal. Online flag, model id, base info and previous address stay; with
     /// @p bKeepDeviceGenernal name and networks, too.
     void clearAll(bool bKeepDeviceGenernal);
@@ -439,6 +784,7 @@ Q_SIGNALS:
     void signalInterfaceRelationPairsChanged();
 
 private:
+    friend class ModelArchive;
     /// What @p read gives for the base info, or for a default record where there is none.
     template <class Read>
     auto readBaseInfo(Read read);
@@ -451,6 +797,47 @@ private:
     QList<std::weak_ptr<Interface>> interfacesIf(const std::function<bool(const Interface &)> &matches);
     /// The input of a packed id, null with a warning if it isn't there.
     std::shared_ptr<Input> genlockInput(uint32_t interfaceId);
+
+    /// Drops the backup pairs with an interface whose packed id @p matches accepts (device_hotbackup.cpp).
+    template <class Matches>
+    void removeRelationsIf(Matches matches);
+    template <class Visit>
+    void visitConnectors(Visit visit);
+    /// What a layout of the capability file gives the card of a slot; false, with a warning, without record or card.
+    bool connectorsOfLayout(int slotId, int capacityGroup, int connectorGroup, int capacity,
+                            QMap<unsigned char, InterfaceConfig::s_CardConnector> &connectors);
+    bool isInputUsedAt(const uint8_t &slot, int connector, QString &usedInfo);
+    /// Whether a screen of a kind shows programme or preview of @p wScreen.
+    bool isScreenUsedIn(Enum::Screen::ScreenType type, const std::weak_ptr<Screen> &wScreen);
+
+    // Screens (device_screens.cpp)
+    friend class Screen;
+    friend class Layer;
+    friend class ResourceReader; // which reads lists as shared references
+    /// What screens() refers to, in its order.
+    std::vector<std::shared_ptr<Screen>> screenList(int screenType);
+    /// Calls @p visit with the list of a kind of screen; nothing for a number that is no kind.
+    template <class Visit>
+    void withScreensOf(int screenType, Visit visit);
+    /// Removes a screen and the layers elsewhere that show it; the selection stays.
+    void dropScreen(const std::shared_ptr<Screen> &screen);
+    void deactivate(const std::shared_ptr<Screen> &screen);
+
+    // Selection (device_selection.cpp)
+    /// Calls @p visit with the selection of a kind of screen and the signal of its changes.
+    template <class Visit>
+    void withSelectionOf(int screenType, Visit visit);
+    template <class Kind>
+    void clearSelection(QList<std::weak_ptr<Kind>> &selected, void (Device::*signal)(), bool isEmit);
+    template <class Kind>
+    void clearViewing(const QList<std::weak_ptr<Kind>> &screens, Enum::Screen::ScreenType type, bool isEmit);
+
+    /// Sets a text of the group, and signals a change (device_groups.cpp).
+    void setGroupText(std::string ProtoModel::Device::s_DeviceGroupInfoBody::*field, const QString &text);
+
+    /// Whether the card of a slot is one that the capability record allows for multiviewers; logged if not. Requires:
+    /// there is such a record. (device_mvr.cpp)
+    bool isMVRCard(uint8_t slotId);
 
     // Cards and connectors (device_cards.cpp): one field of a record, read or written under the lock. Ids are any
     // numbers.
@@ -470,6 +857,16 @@ private:
     std::shared_ptr<Connector> connectorAt(int slotId, int connectorId);
     void appendProtoSubcard(ProtoModel::Device::s_subcardBody body);
     void appendModelSubcard(const std::shared_ptr<Subcard> &card);
+
+    // Files (device_files.cpp)
+    struct FileKind;
+    static const FileKind *fileKind(Enum::File::FileType type);
+    /// The list of a type without null entries; empty for a type without one.
+    std::vector<std::shared_ptr<File>> sharedFiles(Enum::File::FileType type);
+    /// Takes a user key into the sorted list; null, with a warning, for a file that is none (device_keys.cpp).
+    std::shared_ptr<UserKey> keepUserKey(const std::weak_ptr<File> &file);
+    /// The end of unserailize(). Slots may run meanwhile: pictures are loaded.
+    void unserailizeFiles();
 
     // "Main thread" marks a field without a lock.
 

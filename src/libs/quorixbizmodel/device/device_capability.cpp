@@ -3,7 +3,9 @@
 #include <quorixbizmodel/capability/quorixbizstruct.h>
 #include <quorixbizmodel/capability/slotrange.h>
 #include <quorixbizmodel/common/enumtools.h>
+#include <quorixbizmodel/common/lists.h>
 #include <quorixbizmodel/common/quorixbizconstants.h>
+#include <quorixbizmodel/screens/screen.h>
 
 namespace Quorix::BizModel {
 
@@ -80,26 +82,26 @@ bool Device::isScreenLimited(Enum::Screen::ScreenType type) {
         return false;
     const int mainLimit = maxMainOutputCount();
     const int auxLimit = maxAuxScreenCount();
-    const ReadGuard guard(m_screensRWLock);
     if (type == Enum::Screen::ScreenType::RegularScreen)
-        return static_cast<int>(m_regularScreens.size()) >= mainLimit;
+        return static_cast<int>(presentEntries(m_screensRWLock, m_regularScreens).size()) >= mainLimit;
     if (type == Enum::Screen::ScreenType::AUXScreen)
-        return static_cast<int>(m_AUXScreens.size()) >= auxLimit;
+        return static_cast<int>(presentEntries(m_screensRWLock, m_AUXScreens).size()) >= auxLimit;
     return false;
 }
 
-bool Device::isLayerLimited(Enum::Layer::SceneType /*scene*/) {
-    // Layers count by screen; without a class of screens the sum over them is that of an empty list.
-    constexpr int layers = 0;
-    return m_pDeviceConfig == nullptr || layers >= maxRegulerLayerCnt();
+bool Device::isLayerLimited(Enum::Layer::SceneType scene) {
+    using Enum::Layer::LayerType;
+    if (m_pDeviceConfig == nullptr)
+        return true;
+    std::uint64_t layers = 0;
+    for (const auto &screen : screenList(toInt(Enum::Screen::ScreenType::RegularScreen)))
+        layers += screen->layerCount(toInt(scene), maskOf(LayerType::Regular, LayerType::Cut));
+    return layers >= maxRegulerLayerCnt();
 }
 
 bool Device::mvrEnabled() { return isOpenedMVR(); }
 
-bool Device::isOpenedMVR() {
-    const ReadGuard guard(m_screensRWLock);
-    return !m_MVRSscreens.empty();
-}
+bool Device::isOpenedMVR() { return !presentEntries(m_screensRWLock, m_MVRSscreens).empty(); }
 
 QString Device::subCardDescription(int position, bool isOpenedMVR) {
     if (m_pDeviceConfig == nullptr)

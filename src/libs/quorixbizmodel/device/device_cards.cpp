@@ -8,6 +8,7 @@
 #include <quorixbizmodel/common/guarded.h>
 #include <quorixbizmodel/common/lists.h>
 #include <quorixbizmodel/common/modelthread.h>
+#include <quorixbizmodel/device/device_p.h>
 #include <quorixbizmodel/topology/connector.h>
 #include <quorixbizmodel/topology/subcard.h>
 #include <quorixbizmodel/topology/topology_p.h>
@@ -57,22 +58,6 @@ constexpr SlotErrorText kSlotErrors[] = {
      QT_TRANSLATE_NOOP("Quorix::BizModel::Device",
                        "The configuration information of this sub card is wrong, please replace it.")},
 };
-
-/// The first record with that id, null if there is none. Ids of records come from outside and may be any number.
-template <class List, class T>
-auto *findRecord(List &list, std::int32_t T::*id, int value) {
-    const auto found = std::find_if(list.begin(), list.end(), [&](const T &record) { return record.*id == value; });
-    return found == list.end() ? nullptr : &*found;
-}
-
-auto *slotRecord(auto &bodies, int slotId) { return findRecord(bodies, &Body::slotId, slotId); }
-auto *connectorRecord(auto &body, int id) { return findRecord(body.connectors, &ConnectorRecord::id, id); }
-
-/// The record of a connector of a slot, null if there is none.
-auto *connectorRecord(auto &bodies, int slotId, int id) {
-    auto *body = slotRecord(bodies, slotId);
-    return body == nullptr ? nullptr : connectorRecord(*body, id);
-}
 
 /// Connectors of a card model as the capability file lays them out, by position; none for an unknown model.
 std::vector<ConnectorRecord> connectorsOfModel(quint16 modelId) {
@@ -329,7 +314,7 @@ void Device::createSubCard(const std::vector<Body> &subCardInfos) {
 
 void Device::sortSlots() {
     const WriteGuard guard(m_subcardsRWLock);
-    sortByKey(m_subcards, [](const auto &card) { return card->slotId(); });
+    sortByKey(m_subcards, [](const auto &card) { return card == nullptr ? uint8_t{0} : card->slotId(); });
 }
 
 void Device::removeSubCard(uint8_t slotId) {

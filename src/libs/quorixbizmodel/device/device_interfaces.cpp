@@ -6,6 +6,7 @@
 #include <quorixbizmodel/common/guarded.h>
 #include <quorixbizmodel/common/lists.h>
 #include <quorixbizmodel/common/modelthread.h>
+#include <quorixbizmodel/device/device_p.h>
 #include <quorixbizmodel/topology/connector.h>
 #include <quorixbizmodel/topology/input.h>
 #include <quorixbizmodel/topology/output.h>
@@ -31,19 +32,9 @@ using Body = ProtoModel::Device::s_subcardBody;
 /// Outputs that an open multiviewer takes from the others, whatever the number of ports of a card.
 constexpr int kOutputsOfMvr = 4;
 
-/// Slot and connector in one number, as the packed ids of interfaces hold them above the split.
-constexpr uint32_t placeOf(uint8_t slot, uint8_t connector) {
-    return static_cast<uint32_t>(slot) << 8U | static_cast<uint32_t>(connector);
-}
-uint32_t placeOf(const Interface &interface) { return interface.interfaceId() >> 8U; }
-
-auto standsAt(uint8_t slot, uint8_t connector) {
-    return [place = placeOf(slot, connector)](const Interface &interface) { return placeOf(interface) == place; };
-}
-
 template <class List>
 void sortById(List &list) {
-    sortByKey(list, [](const auto &interface) { return interface->interfaceId(); });
+    sortByKey(list, [](const auto &interface) { return interface == nullptr ? 0 : interface->interfaceId(); });
 }
 
 /// What a list behind a lock holds first of what @p matches accepts. The predicate reads packed ids only, so that no
@@ -121,13 +112,13 @@ QList<std::weak_ptr<Input>> Device::inputs() { return weakReferences(m_inputsRWL
 QList<std::weak_ptr<Output>> Device::outputs() { return weakReferences(m_outputsRWLock, m_outputs); }
 
 QList<std::weak_ptr<Output>> Device::outputs(int interfaceType) {
-    return referencesIf<Output>(copyOf(m_outputsRWLock, m_outputs), [interfaceType](const Output &output) {
+    return referencesIf<Output>(presentEntries(m_outputsRWLock, m_outputs), [interfaceType](const Output &output) {
         return !hasAnyBit(output.type(), ~interfaceType);
     });
 }
 
 QList<std::weak_ptr<Output>> Device::findOutputs(InterfaceType type) {
-    return referencesIf<Output>(copyOf(m_outputsRWLock, m_outputs),
+    return referencesIf<Output>(presentEntries(m_outputsRWLock, m_outputs),
                                 [type](const Output &output) { return output.type() == toInt(type); });
 }
 
@@ -149,7 +140,7 @@ QList<std::weak_ptr<Input>> Device::validInputs() {
     }
     const auto byPlace = [](const auto &left, const auto &right) { return left.first < right.first; };
     std::stable_sort(modes.begin(), modes.end(), byPlace);
-    return referencesIf<Input>(copyOf(m_inputsRWLock, m_inputs), [&](const Input &input) {
+    return referencesIf<Input>(presentEntries(m_inputsRWLock, m_inputs), [&](const Input &input) {
         const std::pair<uint32_t, int> key{placeOf(input), 0};
         const auto mode = std::lower_bound(modes.begin(), modes.end(), key, byPlace);
         return mode != modes.end() && mode->first == key.first && mode->second != toInt(WorkMode::NoOutput);
@@ -157,8 +148,8 @@ QList<std::weak_ptr<Input>> Device::validInputs() {
 }
 
 QList<std::weak_ptr<Interface>> Device::interfacesIf(const std::function<bool(const Interface &)> &matches) {
-    auto references = referencesIf<Interface>(copyOf(m_inputsRWLock, m_inputs), matches);
-    references += referencesIf<Interface>(copyOf(m_outputsRWLock, m_outputs), matches);
+    auto references = referencesIf<Interface>(presentEntries(m_inputsRWLock, m_inputs), matches);
+    references += referencesIf<Interface>(presentEntries(m_outputsRWLock, m_outputs), matches);
     return references;
 }
 
@@ -222,7 +213,7 @@ int Device::outputInterfaceCount(InterfaceType outputType, ConnectorType connect
         const auto &places = m_pDeviceConfig->AuxSceensCfg.auxScreenConfigs();
         return !places.isEmpty() && isExistSlot(places.first().SlotIndex) ? 1 : 0;
     }
-    const auto aux = copyOf(m_outputsRWLock, m_outputs);
+    const auto aux = presentEntries(m_outputsRWLock, m_outputs);
     return static_cast<int>(std::count_if(aux.begin(), aux.end(), [connectorType](const auto &output) {
         return output->type() == toInt(InterfaceType::AUXOutput) && output->connectorType() == connectorType;
     }));
@@ -244,7 +235,7 @@ void Device::outputsInOrder(std::vector<std::shared_ptr<Output>> &outputs) {
 
 void Device::createInput() {
     // The cards are copied first: each step looks cards up, and a listener may change them.
-    for (const auto &card : copyOf(m_subcardsRWLock, m_subcards)) {
+    for (const auto &card : presentEntries(m_subcardsRWLock, m_subcards)) {
         if (card->onlineStatus() != toInt(SlotStatusType::Normal) || card->cardType() != CardType::_INPUT)
             continue;
         for (const auto &reference : card->connectors()) {
@@ -277,7 +268,7 @@ void Device::createOutput(const std::weak_ptr<Subcard> &subcard) {
 }
 
 void Device::createOutput() {
-    for (const auto &card : copyOf(m_subcardsRWLock, m_subcards))
+    for (const auto &card : presentEntries(m_subcardsRWLock, m_subcards))
         createOutput(card);
     const WriteGuard guard(m_outputsRWLock);
     outputsInOrder(m_outputs);
@@ -361,42 +352,6 @@ void Device::removeInterface(int type, int slot, int connector) {
         takeAt(m_inputsRWLock, m_inputs, slotId, connectorId);
     else if (isOutputType(type))
         takeAt(m_outputsRWLock, m_outputs, slotId, connectorId);
-}
-
-void Device::removeSelectedInput(const uint8_t &nSlotId, const uint8_t &nInterfaceId) {
-    const auto selected = std::find_if(m_selectedInputs.begin(), m_selectedInputs.end(), [&](const auto &reference) {
-        const auto input = reference.lock();
-        return input != nullptr && standsAt(nSlotId, nInterfaceId)(*input);
-    });
-    if (selected == m_selectedInputs.end())
-        return;
-    m_selectedInputs.erase(selected);
-    Q_EMIT signalSelectedInputChanged();
-}
-
-void Device::removeSelectedOutput(const uint8_t &nSlotId, const uint8_t &nInterfaceId) {
-    const auto selected = std::find_if(m_selectedOutputs.begin(), m_selectedOutputs.end(), [&](const auto &reference) {
-        const auto output = reference.lock();
-        return output != nullptr && standsAt(nSlotId, nInterfaceId)(*output);
-    });
-    if (selected == m_selectedOutputs.end())
-        return;
-    m_selectedOutputs.erase(selected);
-    Q_EMIT signalSelectedOutputChanged();
-}
-
-void Device::removeInterfaceRelation(const uint8_t &nSlotId, const uint8_t &nInterfaceId) {
-    const ProtoModel::s_InterfaceID place{.slotId = nSlotId, .connectorId = nInterfaceId, .splitId = 0};
-    const auto id = static_cast<std::int32_t>(place.id());
-    std::size_t erased = 0;
-    {
-        const WriteGuard guard(m_detailRWLock);
-        erased = std::erase_if(m_detail.interfaceRelation.relation, [id](const ProtoModel::Device::s_Relation &pair) {
-            return pair.interfaceA == id || pair.interfaceB == id;
-        });
-    }
-    if (erased != 0)
-        Q_EMIT signalInterfaceRelationPairsChanged();
 }
 
 void Device::updateInterfaceStatus() {

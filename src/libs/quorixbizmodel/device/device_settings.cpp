@@ -36,20 +36,6 @@ constexpr GenlockStatusText kGenlockStatuses[] = {
     {GenLockStatus::SynchronizeFailure, QT_TRANSLATE_NOOP("Quorix::BizModel::Device", "SynchronizeFailure")},
 };
 
-/// Fields that belong together, copied under one read lock: what is asked next may take the lock again.
-template <class... Field>
-[[nodiscard]] std::tuple<Field...> copiesOf(QReadWriteLock &lock, const Field &...fields) {
-    const ReadGuard guard(lock);
-    return {fields...};
-}
-
-/// A switch that is on already keeps the number that it was reported with.
-template <class Number>
-[[nodiscard]] bool assignSwitch(QReadWriteLock &lock, Number &field, bool isOn) {
-    const WriteGuard guard(lock);
-    return (field != 0) != isOn && assign(field, isOn ? Number{1} : Number{0});
-}
-
 /// Whether a power supply of @p before stands in @p now with another state. Grouped by id, so that a long report with
 /// one id throughout costs no more than another.
 bool isStateChanged(const ProtoModel::Device::s_PowerBodyArray &before,

@@ -6,6 +6,8 @@
 #include <quorixbizmodel/common/lists.h>
 #include <quorixbizmodel/common/modelthread.h>
 #include <quorixbizmodel/device/device.h>
+#include <quorixbizmodel/persistence/savedevicedatathread.h>
+#include <quorixbizmodel/screens/screen.h>
 
 #include <QDebug>
 
@@ -42,13 +44,10 @@ QRect getEchoVideoRect<Enum::Device::Type::AlderMax>(const quint8 &nInputIndex) 
     return nInputIndex < echoInputCount ? tile(place, 6, {320, 180}) : QRect();
 }
 
-/// The device that a screen belongs to. No class of screens can name its owner yet, so that no screen has one.
-std::shared_ptr<Device> ownerOf(const std::shared_ptr<Screen> & /*screen*/) { return {}; }
-
 /// True if the first screen is alive and belongs to @p device; a screen without an owner belongs to nobody.
 bool belongTo(const std::shared_ptr<Device> &device, const QList<std::weak_ptr<Screen>> &screens) {
     const auto first = screens.isEmpty() ? nullptr : screens.front().lock();
-    return first != nullptr && device != nullptr && ownerOf(first) == device;
+    return first != nullptr && device != nullptr && first->owerDevice().lock() == device;
 }
 
 } // namespace
@@ -68,7 +67,10 @@ DeviceList::DeviceList()
     registerMetaTypes();
 }
 
-DeviceList::~DeviceList() = default;
+DeviceList::~DeviceList() {
+    // A save that still runs needs the registry.
+    m_pSaveDeviceDataThread.reset();
+}
 
 std::weak_ptr<Device> DeviceList::append(const std::shared_ptr<Device> &pDevice) {
     if (pDevice == nullptr)
@@ -229,6 +231,13 @@ void DeviceList::setIsCompatibleUpgrading(bool isUpgrading) {
 }
 
 bool DeviceList::isCompatibleUpgrading() { return m_compatibleUpgrading; }
+
+void DeviceList::initSaveDeviceDataThread(QString filePath) {
+    if (m_pSaveDeviceDataThread == nullptr)
+        m_pSaveDeviceDataThread = std::make_unique<SaveDeviceDataThread>(std::move(filePath), nullptr);
+}
+
+SaveDeviceDataThread *DeviceList::saveDeviceDataThread() { return m_pSaveDeviceDataThread.get(); }
 
 QRect DeviceList::echoVideoRect(quint16 eDeviceModelId, const quint8 &nInputIndex) {
     const auto row = m_modelIdForGetEchoVideoRectCB.find(eDeviceModelId);

@@ -24,6 +24,8 @@
 
 namespace Quorix::BizModel {
 
+class SaveDeviceDataThread;
+
 /// The one hub of the process: which devices there are, which of them is activated, and every change of any of them,
 /// repeated with the owning device (and screen, subcard, layer, where there is one) in front of the arguments.
 ///
@@ -74,6 +76,20 @@ public:
     bool isDeviceIPExist(const QString &ip);
     bool isDeviceNameExist(const QString &name);
 
+    // Groups (device_groups.cpp): the devices that report one group id.
+
+    /// Members by numeric address. @param isIncludeControled also online devices that another client controls
+    /// @param isIncludeValidGroup also devices whose group status is false
+    QList<std::weak_ptr<Device>> groupDevices(const QString &groupID, bool isIncludeControled,
+                                              bool isIncludeValidGroup);
+    /// The group of a device; the device alone if it is in none, whatever the flags.
+    QList<std::weak_ptr<Device>> groupDevices(const std::weak_ptr<Device> &wDevice, bool isIncludeControled,
+                                              bool isIncludeValidGroup);
+    /// Devices in no group, by address as text.
+    QList<std::weak_ptr<Device>> unGroupDevices();
+    /// The preset with that file id of each device of the group that this client controls.
+    QList<std::weak_ptr<Preset>> findGroupPresets(const std::weak_ptr<Device> &wDevice, uint8_t fileId);
+
     // Activation (devicelist.cpp)
 
     /// Makes a device (or none) the activated one and marks it for repainting. signalActivedDeviceChanged follows when
@@ -104,6 +120,13 @@ public:
     /// Rectangle of input @p nInputIndex, from 0, in the echo frame of a model, in pixels; an empty rectangle for a
     /// model without an echo frame (with a warning) and above input 31.
     QRect echoVideoRect(quint16 eDeviceModelId, const quint8 &nInputIndex);
+
+    // The saver (devicelist.cpp)
+
+    /// Makes the saver for a root folder, see Serailizer; the first call alone does. The hub stops it at its end.
+    void initSaveDeviceDataThread(QString filePath);
+    /// Null before that.
+    SaveDeviceDataThread *saveDeviceDataThread();
 
 Q_SIGNALS:
     // The hub itself.
@@ -490,6 +513,7 @@ private:
     bool m_bResourceShow = true;
     /// The one relay that is a function object, by device: Qt can't tell whether it is joined already.
     std::map<const Device *, QMetaObject::Connection> m_powerRelays;
+    std::unique_ptr<SaveDeviceDataThread> m_pSaveDeviceDataThread; ///< main thread
 };
 
 } // namespace Quorix::BizModel

@@ -1,4 +1,5 @@
 #include <quorixbizmodel/device/device.h>
+#include <quorixbizmodel/files/preset.h>
 #include <quorixbizmodel/hub/devicelist.h>
 
 #include <functional>
@@ -7,8 +8,8 @@ namespace Quorix::BizModel {
 
 namespace {
 
-/// The preset that a file is, or an empty reference. No kind of file is a preset yet.
-std::shared_ptr<Preset> asPreset(const std::shared_ptr<File> & /*file*/) { return {}; }
+/// The preset that a file is, or an empty reference.
+std::shared_ptr<Preset> asPreset(const std::shared_ptr<File> &file) { return std::dynamic_pointer_cast<Preset>(file); }
 
 /// Joins signals of a device to slots of the hub, one row for each; a pair that is joined already stays single.
 struct Joiner {

@@ -2,6 +2,7 @@
 #ifndef QUORIXBIZMODEL_RELAY_H
 #define QUORIXBIZMODEL_RELAY_H
 
+#include <quorixbizmodel/common/lists.h>
 #include <quorixbizmodel/hub/devicelist.h>
 
 #include <algorithm>
@@ -21,10 +22,8 @@ public:
     /// True if the relays for @p owners are to be joined now; those for other owners are undone first. False if they
     /// are joined already. Owners are told apart by object, also after their end.
     [[nodiscard]] bool renew(std::vector<std::weak_ptr<const void>> owners) {
-        const auto isSame = [](const auto &left, const auto &right) {
-            return !left.owner_before(right) && !right.owner_before(left);
-        };
-        if (m_isJoined && std::equal(m_owners.begin(), m_owners.end(), owners.begin(), owners.end(), isSame))
+        if (m_isJoined && std::equal(m_owners.begin(), m_owners.end(), owners.begin(), owners.end(),
+                                     [](const auto &left, const auto &right) { return isSameObject(left, right); }))
             return false;
         for (const auto &connection : std::exchange(m_connections, {}))
             QObject::disconnect(connection);

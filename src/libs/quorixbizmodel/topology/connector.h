@@ -122,6 +122,7 @@ Q_SIGNALS:
     void signalConnectorCapacityChanged();
 
 private:
+    friend class ModelArchive;
     using Record = ProtoModel::Device::s_Connectors;
 
     /// A copy of the device's record of this connector.

@@ -44,6 +44,7 @@ public:
     [[nodiscard]] InputState state() const;
 
 private:
+    friend class ModelArchive;
     ProtoModel::s_Pos m_pickUpPoint; ///< m_detailRWLock
 };
 

@@ -195,7 +195,6 @@ void Interface::createConnects(std::weak_ptr<Device> device) {
     // No row for what is of no use beyond the interface: its id, its cutout, its format mapping.
     join(&Interface::signalInterfaceNameChanged, &DeviceList::signalInterfaceNameChanged);
     join(&Interface::signalInterfaceSignalChanged, &DeviceList::signalInterfaceSignalChanged);
-    join(&Interface::signalPresetFrameTimingChanged, &DeviceList::signalPresetFrameTimingChanged);
     join(&Interface::signalInterfaceCropChanged, &DeviceList::signalInterfaceCropChanged);
     join(&Interface::signalInterfaceTestPatternChanged, &DeviceList::signalInterfaceTestPatternChanged);
     join(&Interface::signalInterfaceCutoutRGBChanged, &DeviceList::signalInterfaceCutoutRGBChanged);
@@ -216,6 +215,13 @@ void Interface::createConnects(std::weak_ptr<Device> device) {
     join(&Interface::signalInterfaceAcualColorGamutChanged, &DeviceList::signalInterfaceActualColorGamutChanged);
     join(&Interface::signalInterfaceAcualDynamicRangeChanged, &DeviceList::signalInterfaceActualDynamicRangeChanged);
     join(&Interface::signalInterfaceAcualPqMaxCllChanged, &DeviceList::signalInterfaceActualPqMaxCllChanged);
+    // No row, since the layers that keep the source's ratio follow before the hub repeats.
+    join.call(&Interface::signalPresetFrameTimingChanged,
+              [](const std::weak_ptr<Device> &owner, const std::weak_ptr<Interface> &interface) {
+                  if (const auto alive = owner.lock())
+                      alive->updateLayerAspectRatioType(interface);
+                  Q_EMIT DeviceList::instance()->signalPresetFrameTimingChanged(owner, interface);
+              });
 }
 
 void Interface::setGeneral(const ProtoModel::Interface::s_InterfaceGeneralBody &general) {
@@ -261,14 +267,8 @@ ProtoModel::Interface::s_CutoutGeneralBody Interface::cutoutGeneral() const {
 }
 
 void Interface::setCutoutEnable(bool isEnabled) {
-    {
-        // A reported 2 is on, as 1 is.
-        const WriteGuard guard(m_detailRWLock);
-        if (Helper::int2Bool(m_detail.cutoutGeneral.enable) == isEnabled)
-            return;
-        m_detail.cutoutGeneral.enable = Helper::bool2Int(isEnabled);
-    }
-    Q_EMIT signalCutoutInfoChanged();
+    if (assignSwitch(m_detailRWLock, m_detail.cutoutGeneral.enable, isEnabled))
+        Q_EMIT signalCutoutInfoChanged();
 }
 
 bool Interface::cutoutEnable() const { return Helper::int2Bool(copyOf(m_detailRWLock, m_detail.cutoutGeneral.enable)); }
@@ -287,5 +287,21 @@ void Interface::setCutoutPos(ProtoModel::Auxiliary::s_CutoutPos pos) {
 }
 
 ProtoModel::Auxiliary::s_CutoutPos Interface::cutoutPos() const { return copyOf(m_detailRWLock, m_cutoutPosInfo); }
+
+ProtoModel::Screen::s_ScreenRefOutputPara referenceOf(const Interface &interface) {
+    return {.colorDepths = interface.colorDepth(),
+            .colorSpaces = interface.colorSpace(),
+            .colorRanges = interface.colorRange(),
+            .formatMapping = toInt(interface.formatMapping()),
+            .timing = interface.presetTiming()};
+}
+
+void pushReference(Interface &interface, const ProtoModel::Screen::s_ScreenRefOutputPara &reference) {
+    interface.setPresetTiming(reference.timing);
+    interface.setColorDepth(reference.colorDepths);
+    interface.setColorSpace(reference.colorSpaces);
+    interface.setColorRange(reference.colorRanges);
+    interface.setFormatMapping(static_cast<Interface::FormatMapping>(reference.formatMapping));
+}
 
 } // namespace Quorix::BizModel

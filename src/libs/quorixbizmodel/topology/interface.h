@@ -221,7 +221,7 @@ public:
     [[nodiscard]] bool isOverLoad() const;
 
     // Crop (interface_crop.cpp): a rectangle of the frame, in pixels and as ratios of 1/100000 of the frame. The ratios
-    // are what stays when the frame changes. Layers have crops of their own; none of them is touched here.
+    // are what stays when the frame changes. Layers have crops of their own.
 
     void setCrop(const ProtoModel::s_CropDetailBody &crop, const QString &sender);
     [[nodiscard]] ProtoModel::s_CropDetailBody crop() const;
@@ -241,6 +241,10 @@ public:
     void updateCrop();
     /// The crop if it is enabled, else the whole frame.
     [[nodiscard]] QRect validRectUnderCrop() const;
+    /// Of an input: the layers that show it work the pixels of their crops out anew.
+    void updateLayerInputCrop();
+    /// Of an input: the layers that show it, and whose own crop is on, take its crop. For whoever has changed it.
+    void resetLayerInputCrop();
 
     // Reported state (interface_report.cpp)
 
@@ -297,6 +301,7 @@ protected:
     mutable QReadWriteLock m_detailRWLock; ///< guards all fields, also those of the derived classes
 
 private:
+    friend class ModelArchive;
     /// The actual value while a signal is there, else the preset; both are fields of m_detail.
     template <class T>
     [[nodiscard]] T valid(const T &actual, const T &preset) const {
@@ -311,6 +316,9 @@ private:
     /// Changes a copy of the crop, stores it if it differs, and signals.
     template <class Change>
     void changeCrop(Change change, const QString &sender);
+    /// Of an input: calls @p action for each layer that shows it.
+    template <class Action>
+    void forShowingLayers(Action action);
 
     bool m_cropLocked = false;
     std::weak_ptr<Device> m_pOwnerDevice;

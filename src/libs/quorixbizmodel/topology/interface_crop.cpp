@@ -1,8 +1,11 @@
 #include <quorixbizmodel/topology/interface.h>
 
 #include <quorixbizmodel/common/crop.h>
+#include <quorixbizmodel/common/enumtools.h>
 #include <quorixbizmodel/common/guarded.h>
 #include <quorixbizmodel/common/helper.h>
+#include <quorixbizmodel/device/device.h>
+#include <quorixbizmodel/layers/layer.h>
 
 #include <tuple>
 
@@ -62,14 +65,32 @@ void Interface::updateCrop() {
 
 QRect Interface::validRectUnderCrop() const {
     const auto present = crop();
-    if (Helper::int2Bool(present.enable))
-        return Helper::sRect2QRect(present);
-    // By way of a record: its conversion takes any size that a report brings.
+    return Helper::int2Bool(present.enable) ? Helper::sRect2QRect(present) : frameRect(validSizeUnderActive());
+}
+
+template <class Action>
+void Interface::forShowingLayers(Action action) {
+    const auto device = owerDevice().lock();
+    if (device == nullptr || type() != toInt(InterfaceType::Input))
+        return;
+    const auto layers = device->layersBySource(interfaceId(), Enum::Layer::SourceType::Input,
+                                               toInt(Enum::Screen::ScreenType::AllScreenType),
+                                               toInt(Enum::Layer::LayerType::AllLayerType));
+    for (const auto &entry : layers)
+        if (const auto layer = entry.lock())
+            action(*layer);
+}
+
+void Interface::updateLayerInputCrop() {
     const QSize frame = validSizeUnderActive();
-    ProtoModel::s_Rect whole;
-    whole.width = frame.width();
-    whole.height = frame.height();
-    return Helper::sRect2QRect(whole);
+    forShowingLayers([&](Layer &layer) { layer.updateLayerCropRatio(interfaceId(), frame); });
+}
+
+void Interface::resetLayerInputCrop() {
+    forShowingLayers([&](Layer &layer) {
+        if (layer.souceCropEnable())
+            layer.resetLayerCropRatio(weak_from_this());
+    });
 }
 
 } // namespace Quorix::BizModel

@@ -22,6 +22,7 @@ void Interface::setPresetTiming(Timing timing) {
         return;
     Q_EMIT signalPresetFrameTimingChanged();
     updateCrop();
+    updateLayerInputCrop();
 }
 
 void Interface::setPresetTiming(int width, int height, float rate) {
@@ -48,6 +49,7 @@ void Interface::setActualTiming(Timing timing) {
     if (isSignal(*old) != isSignal(timing))
         Q_EMIT signalInterfaceSignalChanged();
     updateCrop();
+    updateLayerInputCrop();
     // Last, so that its listeners find the crop that fits the new frame.
     Q_EMIT signalInterfaceActualTimingChanged();
 }

@@ -71,16 +71,9 @@ void Output::backupParaBeforeAdd2Screen() {
 
 void Output::reloadParaBeforeAdd2Screen() {
     const auto para = copyOf(m_detailRWLock, m_paraBeforeAddToScreen);
-    const auto reload = [&para](Interface &interface) {
-        interface.setPresetTiming(para.timing);
-        interface.setColorDepth(para.colorDepths);
-        interface.setColorSpace(para.colorSpaces);
-        interface.setColorRange(para.colorRanges);
-        interface.setFormatMapping(static_cast<FormatMapping>(para.formatMapping));
-    };
-    reload(*this);
+    pushReference(*this, para);
     if (const auto partner = copyPartner())
-        reload(*partner);
+        pushReference(*partner, para);
 }
 
 void Output::resetParamAfterRemovedByScreen() {

@@ -60,6 +60,7 @@ Q_SIGNALS:
     void outputZorderChanged();
 
 private:
+    friend class ModelArchive;
     void initHDRDefaultValue();
     /// The port that mirrors this one, null if there is none.
     [[nodiscard]] std::shared_ptr<Interface> copyPartner() const;

@@ -96,8 +96,7 @@ Enum::Device::ComponentType Subcard::cardComponentType() const {
 }
 
 std::vector<std::shared_ptr<Connector>> Subcard::connectorList() const {
-    const ReadGuard guard(m_connectorsRWLock);
-    return {m_connectors.begin(), m_connectors.end()};
+    return presentEntries(m_connectorsRWLock, m_connectors);
 }
 
 Subcard::CapacityMode Subcard::capacityMode() const {
@@ -250,14 +249,6 @@ void Subcard::unserailize(std::weak_ptr<Device> device) {
     setOwerDevice(std::move(device));
     for (const auto &connector : connectorList())
         connector->unserailize(weak_from_this());
-}
-
-SubcardState Subcard::state() const {
-    SubcardState state;
-    state.m_slotId = slotId();
-    for (const auto &connector : connectorList())
-        state.m_connectors.push_back(connector->state());
-    return state;
 }
 
 } // namespace Quorix::BizModel

@@ -22,12 +22,6 @@
 
 namespace Quorix::BizModel {
 
-/// What is stored of a card, under the keys of the document.
-struct SubcardState {
-    std::vector<ConnectorState> m_connectors;
-    uint8_t m_slotId = 255;
-};
-
 /// A card in a slot; it owns its connectors. Model id, type and status stand in the device's record of the slot, which
 /// is the truth: without a device or a record modelId() is -1, cardType() `Undefined`, onlineStatus() 0, and the
 /// setters do nothing.
@@ -103,10 +97,10 @@ public:
 
     /// Restores the owners, and the relays of the connectors, after a load from disk.
     void unserailize(std::weak_ptr<Device> device);
-    /// A copy of what is stored.
-    [[nodiscard]] SubcardState state() const;
 
 private:
+    friend class ModelArchive;
+    /// Without the null entries that a document may leave.
     [[nodiscard]] std::vector<std::shared_ptr<Connector>> connectorList() const;
     /// A field of the record, or @p otherwise without one.
     [[nodiscard]] int recordValue(std::int32_t ProtoModel::Device::s_subcardBody::*field, int otherwise) const;

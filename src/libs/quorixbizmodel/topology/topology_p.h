@@ -4,11 +4,13 @@
 
 #include <quorixbizmodel/common/quorixbizconstants.h>
 
-#include <quorixprotomodel/protomodelbase.h>
+#include <quorixprotomodel/screen.h>
 
 #include <QtGlobal>
 
 namespace Quorix::BizModel {
+
+class Interface;
 
 /// The id under which the capability file may know a card; one that doesn't fit its 16 bits must not pass for another.
 constexpr quint16 fileModelId(qint64 modelId) {
@@ -26,6 +28,11 @@ inline ProtoModel::s_ImageQualityBody neutralImageQuality() {
     quality.gamma = static_cast<int>(Constants::Interface::defultGamma * Constants::gammaRatio);
     return quality;
 }
+
+/// What the outputs of a screen share, as @p interface has it. (interface.cpp)
+ProtoModel::Screen::s_ScreenRefOutputPara referenceOf(const Interface &interface);
+/// Sets it: timing, colour depth, space and range, format mapping.
+void pushReference(Interface &interface, const ProtoModel::Screen::s_ScreenRefOutputPara &reference);
 
 } // namespace Quorix::BizModel
 
