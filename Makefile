@@ -1,7 +1,8 @@
 # A front door to CMake. On a bare Debian 12, `make demo` and `make test` install what they need.
 .DEFAULT_GOAL := build
 
-PACKAGES := g++ cmake ninja-build pkg-config qtbase5-dev librapidxml-dev libgtest-dev libgmock-dev
+# The font is for names in Chinese, as pictures of screens show them.
+PACKAGES := g++ cmake ninja-build pkg-config qtbase5-dev librapidxml-dev libgtest-dev libgmock-dev fonts-droid-fallback
 BENCH_PACKAGES := libbenchmark-dev rapidjson-dev libsimdjson-dev nlohmann-json3-dev libxcvt-dev
 CHECK_PACKAGES := clang clang-tidy clang-format libclang-rt-14-dev edid-decode qttools5-dev-tools
 SUDO := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
@@ -29,7 +30,7 @@ build: deps
 	cmake --build --preset default -j $(JOBS)
 
 demo: build
-	build/default/bin/quorixctl demo
+	build/default/bin/quorixctl demo -o build/wall.png
 
 test: build
 	ctest --preset default -j $(JOBS)

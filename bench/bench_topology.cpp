@@ -1,6 +1,6 @@
 /// The hardware tree: a full chassis from its records, a reported timing with a listener on the hub, lookups by id.
-#include <quorixbizmodel/capability/deviceconfigmanager.h>
-#include <quorixbizmodel/capability/interfaceconfig.h>
+#include "large_device.h"
+
 #include <quorixbizmodel/device/device.h>
 #include <quorixbizmodel/hub/devicelist.h>
 #include <quorixbizmodel/topology/input.h>
@@ -16,86 +16,27 @@ using namespace Quorix::BizModel;
 
 namespace {
 
-constexpr quint16 kModel = 29959; // 12 input slots, 10 output slots, 2 expansion slots
-constexpr int kInputs = 40;
-constexpr int kOutputs = 40;
-
-ProtoModel::s_TimingDetailBody timing(int refresh) {
-    return {.interlaced = 0,
-            .refresh = refresh,
-            .horizontal = {.addTime = 1920, .frontPorch = 88, .sync = 44, .syncPolarity = 0, .totalTime = 2200},
-            .vertical = {.addTime = 1080, .frontPorch = 4, .sync = 5, .syncPolarity = 0, .totalTime = 1125}};
-}
-
-/// What a device with a card in every slot reports.
-struct Report {
-    std::vector<ProtoModel::Device::s_subcardBody> cards;
-    std::vector<ProtoModel::Interface::s_InterfaceDetail> interfaces;
-
-    Report() {
-        for (int slot = 0; slot < 24; ++slot) {
-            const bool isInput = slot < 12;
-            const bool isOutput = slot >= 12 && slot < 22;
-            const int model = isInput ? 30469 : isOutput ? 30529 : 30600;
-            ProtoModel::Device::s_subcardBody card{.slotId = slot,
-                                                   .modelId = model,
-                                                   .boardId = 0,
-                                                   .cardType = isInput    ? 2
-                                                               : isOutput ? 3
-                                                                          : 6,
-                                                   .online = 1,
-                                                   .connectors = {}};
-            const auto *layout = InterfaceConfig::instance()->findSubCardByModelId(static_cast<quint16>(model));
-            for (const auto &entry : layout->getCardConnector())
-                card.connectors.push_back(entry.Connector);
-            cards.push_back(card);
-        }
-        for (int i = 0; i < kInputs; ++i)
-            add(i / 4, i % 4, 2);
-        for (int i = 0; i < kOutputs; ++i)
-            add(12 + i / 4, i % 4, 4);
-    }
-
-    void add(int slot, int connector, int type) {
-        ProtoModel::Interface::s_InterfaceDetail detail;
-        detail.interfaceId = {.slotId = slot, .connectorId = connector, .splitId = 0};
-        detail.general.type = type;
-        detail.presetTiming = detail.actualTiming = timing(6000);
-        interfaces.push_back(detail);
-    }
-
-    void feed(Device &device) const {
-        QString error;
-        for (const auto &card : cards) {
-            device.initProtoConnector(card);
-            device.initModelConnector(card);
-        }
-        for (const auto &detail : interfaces)
-            device.addInterface(detail, error);
-    }
-};
-
-const Report &report() {
-    static const Report whole;
+const Bench::LargeReport &report() {
+    static const Bench::LargeReport whole;
     return whole;
 }
 
 std::shared_ptr<Device> filledDevice() {
-    auto device = std::make_shared<Device>(kModel);
+    auto device = std::make_shared<Device>(Bench::kModel);
     DeviceList::instance()->append(device);
     device->setDeviceOnlineFlag(true);
-    report().feed(*device);
+    report().feedHardware(*device);
     return device;
 }
 
 void FeedFullChassis(benchmark::State &state) {
-    const auto device = std::make_shared<Device>(kModel);
+    const auto device = std::make_shared<Device>(Bench::kModel);
     DeviceList::instance()->append(device);
     device->setDeviceOnlineFlag(true);
     for (auto unused : state) {
-        report().feed(*device);
+        report().feedHardware(*device);
         state.PauseTiming();
-        if (device->interfaces().size() != kInputs + kOutputs)
+        if (device->interfaces().size() != Bench::kInputs + Bench::kOutputs)
             state.SkipWithError("interfaces are missing");
         device->clearAll(false);
         state.ResumeTiming();
@@ -113,7 +54,7 @@ void SetActualTiming(benchmark::State &state) {
     int refresh = 6000;
     for (auto unused : state) {
         refresh = refresh == 6000 ? 5994 : 6000;
-        input->setActualTiming(timing(refresh));
+        input->setActualTiming(Bench::fullHd(refresh));
     }
     QObject::disconnect(listener);
     state.counters["heard"] = benchmark::Counter(static_cast<double>(heard), benchmark::Counter::kAvgIterations);
@@ -126,7 +67,7 @@ void Find(benchmark::State &state) {
     const auto device = filledDevice();
     uint32_t i = 0;
     for (auto unused : state) {
-        i = (i + 7U) % kInputs;
+        i = (i + 7U) % Bench::kInputs;
         benchmark::DoNotOptimize(find(*device, i / 4U, i % 4U));
     }
     DeviceList::instance()->clear();
@@ -156,11 +97,7 @@ BENCHMARK(ListAll<allValidInputs>)->Name("ListValidInputs")->Unit(benchmark::kMi
 
 int main(int argc, char **argv) {
     const QCoreApplication application(argc, argv);
-    QString error;
-    if (!DeviceConfigManager::instance()->readConfig(QUORIX_DATA_DIR "/devices", error) ||
-        !InterfaceConfig::instance()->readConfig(QUORIX_DATA_DIR "/QuorixInterfaceCfg.xml", error))
-        qFatal("%s", qPrintable(error));
-    DeviceList::instance();
+    Bench::readCapabilities();
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     return 0;

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # The stricter checks behind `make check`: format, static analysis, sanitizers, fuzzing, the size of the tests, exported
 # symbols and an installed consumer. Each step says its name; the first failure ends the run.
-# FUZZ_SECONDS (each target, default 20) and TIDY_BASE (see tidy.sh) can be set.
+# FUZZ_SECONDS (each target, default 20), STRESS_SECONDS (each stress test, default 60) and TIDY_BASE (see tidy.sh) can
+# be set.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 jobs=${JOBS:-$(nproc)}
@@ -38,6 +39,12 @@ step "sanitizers: threads"
 cmake --preset tsan >/dev/null
 cmake --build --preset tsan -j "$jobs" -- --quiet
 ctest --preset tsan -j "$jobs"
+
+step "edits beside the saver, and stores that are killed"
+QUORIX_STRESS_SECONDS=${STRESS_SECONDS:-60} TSAN_OPTIONS=suppressions=tests/support/tsan.supp \
+    build/tsan/bin/persistence_tests --gtest_brief=1 --gtest_filter='*GoesOnBesideEdits'
+QUORIX_KILL_SECONDS=${STRESS_SECONDS:-60} \
+    build/asan/bin/persistence_tests --gtest_brief=1 --gtest_filter='*MayBeKilledAtAnyMoment'
 
 step "fuzzing"
 cmake --preset fuzz >/dev/null

@@ -102,29 +102,34 @@ def alder_max():
     record = report.screen("AuxScreen 2", [(22, 0), (22, 1)], columns=2, kind=AUX_SCREEN)
     stream = report.screen("AuxScreen 3", [(23, 0)], columns=1, kind=AUX_SCREEN)
     monitor = report.screen("MVR 1", [(21, 0)], columns=1, kind=MVR_SCREEN)
-    middle = report.screens[lobby]              # an area of interest: the screen has only the middle of its output
-    middle["mosaic"]["outputs"][0]["crop"] = middle["mosaic"]["window"] = rect(240, 0, 1440, 1080)
-    middle["physicalSize"]["width"] = 1440
+    # Areas of interest: the last column of the wall is narrower, the stage is masked at both ends, the lobby has only
+    # the middle of its output.
+    _, _, width, height = report.interest(wall, {place: (0, 0, 1600, 1080) for place in (3, 7, 11)})
+    canvas = report.interest(stage, {0: (384, 0, 1536, 1080), 3: (0, 0, 1536, 1080)})
+    report.interest(lobby, {0: (240, 0, 1440, 1080)})
 
-    # On air the wall has a 4K picture at the left and eight small ones round it; PVW has a full grid with an overlay.
+    # On air the wall has a full grid. PVW has a 4K picture with a caption keyed into it and seven small ones; above
+    # them lies the one that the operator has in hand, cropped and framed.
     report.layer(wall, PGM, (FROM_BKG, 0), kind=BACKGROUND)
-    report.layer(wall, PGM, (FROM_INPUT, (6, 0)), (0, 0, 3840, 2160), border=border(1, 8, (255, 255, 255)))
-    cells = tiles((3840, 0, 3840, 2160), 2, 2, gap=20) + tiles((0, 2160, 7680, 1080), 4, 1, gap=20)
-    for cell, picture in zip(cells, inputs((0, 0), (0, 1), (0, 2), (0, 3), (2, 0), (2, 1), (2, 2), (3, 0))):
-        report.layer(wall, PGM, picture, cell)
-    report.layer(wall, PGM, (FROM_LOGO, 0), (7560, 40, 64, 64), kind=LOGO)
-    report.layer(wall, PVW, (FROM_BKG, 1), kind=BACKGROUND)
     pictures = inputs(*((slot, port) for slot in (0, 2, 4) for port in ports))
-    for cell, picture in zip(tiles((0, 0, 7680, 3240), 4, 3), pictures):
+    for cell, picture in zip(tiles((0, 0, width, height), 4, 3), pictures):
+        report.layer(wall, PGM, picture, cell)
+    report.layer(wall, PVW, (FROM_BKG, 1), kind=BACKGROUND)
+    report.layer(wall, PVW, (FROM_INPUT, (6, 0)), (40, 40, 3760, 2115), border=border(0, 8, (255, 255, 255)))
+    cells = tiles((3840, 0, width - 3840, 2160), 2, 2, gap=20) + tiles((0, 2160, width, 1080), 4, 1, gap=20)[:3]
+    for cell, picture in zip(cells, inputs((0, 0), (0, 1), (0, 2), (0, 3), (2, 0), (2, 1), (3, 0))):
         report.layer(wall, PVW, picture, cell)
-    report.layer(wall, PVW, (FROM_INPUT, (9, 0)), (2880, 1200, 1920, 840), zoom=(50000, 100000, 25000, 0), selected=1,
+    report.layer(wall, PVW, (FROM_INPUT, (9, 0)), (2880, 1440, 1920, 1080), zoom=(50000, 100000, 25000, 0), selected=1,
                  border=border(4, 24, (255, 200, 0)),
                  mask={"enable": 1, "left": 16, "right": 16, "top": 0, "bottom": 0})
-    width = report.screens[stage]["mosaic"]["window"]["width"]
+    report.layer(wall, PVW, (FROM_INPUT, (2, 2)), (320, 1520, 2160, 420), cutFill=BOUND, opacity=90)
+    report.layer(wall, PVW, (FROM_INPUT, (3, 2)), (320, 1520, 2160, 420), kind=CUT, cutFill=BOUND)
+    for scene in (PGM, PVW):
+        report.layer(wall, scene, (FROM_LOGO, 0), (width - 120, 40, 64, 64), kind=LOGO)
     pairs = ((banner, 2, 1, (7, 0), (8, 3)), (tower, 1, 2, (10, 0), (6, 1)), (desk, 2, 1, (8, 0), (8, 1)))
     for scene in (PGM, PVW):
         report.layer(stage, scene, (FROM_INPUT, (1, 0)))
-        for cell, picture in zip(tiles((0, 0, width, 1080), 3, 1, gap=90), inputs((5, 0), (5, 1), (11, 0))):
+        for cell, picture in zip(tiles(canvas, 3, 1, gap=90), inputs((5, 0), (5, 1), (11, 0))):
             report.layer(stage, scene, picture, cell, opacity=80)
         for cell, picture in zip(tiles((0, 0, 3840, 2160), 2, 2), inputs((4, 0), (4, 1), (7, 2), (7, 3))):
             report.layer(side, scene, picture, cell)
@@ -149,7 +154,7 @@ def alder_max():
     parts = ("Sources", "CutFill", "Flip", "Border", "Mask", "Rect", "Pos", "Color", "InputCrop", "NoSourceLayer",
              "NoSourceLayerColor")
     applied = {f"bLayer{part}Body": int(part in ("Border", "Mask", "Rect")) for part in parts}
-    for identity, key in ((1, side + (4, REGULAR, PVW)), (2, wall + (12, REGULAR, PVW))):
+    for identity, key in ((1, side + (4, REGULAR, PVW)), (2, wall + (8, REGULAR, PVW))):
         report.file(18, identity, f"User Key00{identity}", {
             "layerFullDetail": report.layers[key], "cutLayerFullDetail": report.layers[side + (4, CUT, PVW)],
             "name": f"User Key00{identity}", "userKeyId": identity, "userKeyColor": identity, **applied})

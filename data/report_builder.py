@@ -297,6 +297,20 @@ class Report:
             "PGMEdit": int(kind != REGULAR_SCREEN), "selected": 0} | SCREEN_LOOK | changes
         return key
 
+    def interest(self, screen, areas):
+        """Narrows outputs of a mosaic, by place, to (x, y, width, height) of their frame; the window follows."""
+        record = self.screens[screen]
+        outputs = record["mosaic"]["outputs"]
+        for place, area in areas.items():
+            outputs[place]["crop"] = rect(*area)
+        shown = [(output["pos"]["x"] + output["crop"]["x"], output["pos"]["y"] + output["crop"]["y"],
+                  output["crop"]["width"], output["crop"]["height"]) for output in outputs]
+        left, top = (min(area[axis] for area in shown) for axis in (0, 1))
+        width, height = (max(area[axis] + area[axis + 2] for area in shown) - (left, top)[axis] for axis in (0, 1))
+        record["mosaic"]["window"] = rect(left, top, width, height)
+        record["physicalSize"].update(width=width, height=height)
+        return left, top, width, height
+
     def layer(self, screen, scene, source, window=None, kind=REGULAR, zoom=None, **changes):
         """Adds a layer, which fills its screen without a window.
 

@@ -17,6 +17,33 @@
     </message>
 </context>
 <context>
+    <name>Quorix::BizModel::Alphamap</name>
+    <message>
+        <source>heart</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>star</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>round</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>moon</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ellipse</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>diamond</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>Quorix::BizModel::Device</name>
     <message>
         <source>[online]   </source>
@@ -76,6 +103,118 @@
     </message>
     <message>
         <source>SynchronizeFailure</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>User Key00%1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>User Key0%1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>User Key%1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unable to open MVR.No device configuration information found. The device ModelId is %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unable to open MVR.The device not support mvr.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unable to enable MVR.%1 slot cannot find card,please insert card,such as:K_QuadPort.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unable to enable MVR.%1 slot cannot recognize the current card,please replace the matching card,such as:K_QuadPort.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unable to enable MVR. Please switch the card or connector capacity and try again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unable to enable MVR: The output card is used by the screen.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unable to close MVR.No device configuration information found. The device ModelId is %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unable to close MVR.The card is used.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1.There is no selection screen.Please select the screen to save to the preset!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1.The following screen splicing is incomplete,%2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Screen %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>AuxScreen %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>MVR %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>,</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>genlock</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>AUX</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>MVR</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Are you sure to delete this %1?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Current %1 is used by %2,and the corresponding screen and preset will no longer be displayed after deletion,Are you sure to delete this %1?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Part of the %1 is used, and the corresponding screen and preset will no longer be displayed after deletion,Are you sure to delete all %1?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Are you sure to delete all %1?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Layer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>AUX Layer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This operation will empty the relevant </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>,Do you want to continue?</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -202,6 +341,88 @@
     </message>
     <message>
         <source>The Sub card contains an invalid Connector type [%1].</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Quorix::BizModel::Layer</name>
+    <message>
+        <source>Custom</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>SourceScale</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Quorix::BizModel::Preset</name>
+    <message>
+        <source>Preset %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The device object where the preset is located is invalid.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The regular screen list and aux screen list is empty in the preset.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The quantity of the matched screens is zero.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The screen splicing is incomplete.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The device is empty</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The preset&apos;s layer count more than max reguler layer count.
+Preset&apos;s layer reguler count is %1, Current max reguler layer count is %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The device object is null</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The preset type is invalid.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Failed to load preset: </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The device object is null.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 is not found</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 is empty</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 is incomplete</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Failed to load preset of some screens: </source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Quorix::BizModel::Screen</name>
+    <message>
+        <source>layer %1</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -1,4 +1,5 @@
 /// The registry: who is in it, who is found, who is activated, and which events tell so.
+#include <quorixbizmodel/screens/screenkinds.h>
 #include <support/builders.h>
 #include <support/eventlog.h>
 #include <support/messagelog.h>
@@ -182,6 +183,28 @@ TEST_F(Registry, NotifiesOncePerBatchOfLayerChanges) {
     hub->appendDeviceScreenLayersChangedType(Enum::Screen::UpdateType::Preset);
     hub->emitDeviceScreenLayersUpdate({});
     EXPECT_THAT(log.take(), ElementsAre("signalDeviceScreenLayersUpdate([], 4)"_q));
+}
+
+TEST_F(Registry, NotifiesForScreensOfTheActivatedDevice) {
+    const MessageLog messages;
+    auto left = make({.name = "left"_q});
+    auto right = make({.name = "right"_q});
+    const auto screen = std::make_shared<RegularScreen>();
+    screen->setOwerDevice(right);
+    log.name(screen.get(), "screen"_q);
+    hub->setActivtedDevice(left, false);
+    hub->appendDeviceScreenLayersChangedType(Enum::Screen::UpdateType::PVW);
+    log.take();
+    hub->notifyDeviceScreenLayersChanged({screen});
+    EXPECT_THAT(log.take(), IsEmpty());
+    hub->setActivtedDevice(right, false);
+    hub->appendDeviceScreenLayersChangedType(Enum::Screen::UpdateType::PGM);
+    log.take();
+    hub->notifyDeviceScreenLayersUpdate({screen, std::weak_ptr<Screen>()});
+    hub->appendDeviceScreenLayersChangedType(Enum::Screen::UpdateType::Preset);
+    hub->notifyDeviceScreenLayersChanged({screen});
+    EXPECT_THAT(log.take(), ElementsAre("signalDeviceScreenLayersUpdate([screen, null], 3)"_q,
+                                        "signalDeviceScreenLayersChanged([screen], 4)"_q));
 }
 
 TEST_F(Registry, SignalsOnlyAChangeOfTheResourceDisplay) {

@@ -1,4 +1,5 @@
 /// Family 1: each signal of a device comes out of the hub once, with the device in front.
+#include <quorixbizmodel/files/file.h>
 #include <support/builders.h>
 #include <support/eventlog.h>
 
@@ -48,15 +49,14 @@ struct FamilyOne : testing::Test {
         add<Screen>("Screen", "screen");
         add<MVRScreen>("MVRScreen", "mvrScreen");
         add<Preset>("Preset", "preset");
-        add<File>("File", "file");
+        add<File>("File", "file", std::make_shared<File>()); // the hub asks it for its class
         add<Image>("Image", "image");
         values["int"] = std::make_shared<int>(7);
         log.take();
     }
 
     template <class T>
-    void add(const QByteArray &type, const char *name) {
-        auto object = standIn<T>();
+    void add(const QByteArray &type, const char *name, const std::shared_ptr<T> &object = standIn<T>()) {
         log.name(object.get(), QString::fromLatin1(name));
         values["std::weak_ptr<" + type + ">"] = std::make_shared<std::weak_ptr<T>>(object);
         values["std::shared_ptr<" + type + ">"] = std::make_shared<std::shared_ptr<T>>(object);

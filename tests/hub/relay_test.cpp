@@ -115,7 +115,7 @@ TEST(Lists, SearchTakeSortAndCount) {
     const auto c = std::make_shared<int>(2);
     std::vector<std::shared_ptr<int>> list{a, nullptr, b, c};
     QReadWriteLock lock;
-    EXPECT_EQ(weakReferences(lock, list).size(), 4);
+    EXPECT_EQ(weakReferences(lock, list).size(), 3);
     EXPECT_EQ(findFirst(list, [](int value) { return value == 2; }), a);
     EXPECT_EQ(findFirst(list, [](int value) { return value == 9; }), nullptr);
     EXPECT_EQ(takePointer(lock, list, a.get()), a);

@@ -1,4 +1,4 @@
-#include <quorixctl/command.h>
+#include "commandrun.h"
 
 #include <gtest/gtest.h>
 
@@ -6,23 +6,6 @@
 #include <QTemporaryDir>
 
 namespace {
-
-struct Outcome {
-    int code;
-    QString out;
-    QString err;
-};
-
-Outcome run(QStringList line) {
-    Outcome outcome{};
-    QTextStream out(&outcome.out);
-    QTextStream err(&outcome.err);
-    line << QStringLiteral("--data") << QStringLiteral(QUORIX_DATA_DIR);
-    outcome.code = quorixctl::runCommandLine(line, out, err);
-    return outcome;
-}
-
-QString report(const char *name) { return QStringLiteral(QUORIX_DATA_DIR "/reports/") + QLatin1String(name); }
 
 struct Row {
     const char *line; ///< words apart by blanks
@@ -52,7 +35,8 @@ INSTANTIATE_TEST_SUITE_P(
                     Row{"limits 30474", 0, "Maximum supported bandwidth:3.6Gbps,Current bandwidth:3.9Gbps.", ""},
                     Row{"limits 1", 1, "", "takes a card 1"}, Row{"card x", 2, "", "not a card model id"},
                     Row{"models", 0, "29959", ""}, Row{"dance", 2, "", "no such command: dance"},
-                    Row{"models --loud", 2, "", "loud"}, Row{"show missing.json", 1, "", "missing.json: "},
+                    Row{"layouts", 0, "Blend   2        3456x1200", ""}, Row{"models --loud", 2, "", "loud"},
+                    Row{"show missing.json", 1, "", "missing.json: "},
                     Row{"edid show missing.bin", 1, "", "missing.bin: "}, Row{"edid dance x", 2, "", "not dance"},
                     Row{"show --help", 0, "REPORT...", ""}));
 

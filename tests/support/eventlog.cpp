@@ -1,5 +1,6 @@
 #include <support/eventlog.h>
 
+#include <quorixbizmodel/common/helper.h>
 #include <quorixbizmodel/common/modelreferences.h>
 #include <quorixbizmodel/hub/devicelist.h>
 
@@ -54,8 +55,8 @@ std::map<int, Formatter> makeFormatters() {
     };
     formatters[QMetaType::QString] = [](const void *value, const Names &) { return '"' + as<QString>(value) + '"'; };
     formatters[QMetaType::QRect] = [](const void *value, const Names &) {
-        const auto &rect = as<QRect>(value);
-        return QStringLiteral("%1x%2+%3+%4").arg(rect.width()).arg(rect.height()).arg(rect.x()).arg(rect.y());
+        const auto rect = BizModel::Helper::qRect2SRect(as<QRect>(value)); // takes any corners, QRect::width() doesn't
+        return QStringLiteral("%1x%2+%3+%4").arg(rect.width).arg(rect.height).arg(rect.x).arg(rect.y);
     };
     return formatters;
 }

@@ -9,6 +9,10 @@
 
 #include <map>
 #include <mutex>
+#include <ostream>
+
+/// Failures of tests print texts as such.
+inline void PrintTo(const QString &text, std::ostream *stream) { *stream << '"' << qPrintable(text) << '"'; }
 
 namespace Quorix::Tests {
 

@@ -236,7 +236,7 @@ TEST_F(Cards, AreReadWhileAReportArrives) {
             const auto card = reference.lock();
             const int ports = card->slotId() == 1 ? 4 : 1;
             EXPECT_EQ(card->cardConnectors().size(), ports);
-            EXPECT_EQ(card->state().m_connectors.size(), std::size_t(ports));
+            EXPECT_EQ(card->connectors().size(), ports);
             EXPECT_NE(card->capacityMode(), CapacityMode::invaild);
         }
     protocol.join();

@@ -55,11 +55,27 @@ void runModels(const Invocation &);
 void runCard(const Invocation &);
 void addLimitsOptions(QCommandLineParser &);
 void runLimits(const Invocation &);
+void runLayouts(const Invocation &);
 void runTiming(const Invocation &);
 void addEdidOptions(QCommandLineParser &);
 void runEdid(const Invocation &);
 void runShow(const Invocation &);
 void runEvents(const Invocation &);
+void addImageOptions(QCommandLineParser &);
+void runImage(const Invocation &);
+void addCheckOptions(QCommandLineParser &);
+void runCheck(const Invocation &);
+void addDrawOptions(QCommandLineParser &);
+void runDraw(const Invocation &);
+void addEditOptions(QCommandLineParser &);
+void runEdit(const Invocation &);
+void addPresetOptions(QCommandLineParser &);
+void runPreset(const Invocation &);
+void addStoreOptions(QCommandLineParser &);
+void runStore(const Invocation &);
+void addLoadOptions(QCommandLineParser &);
+void runLoad(const Invocation &);
+void addDemoOptions(QCommandLineParser &);
 void runDemo(const Invocation &);
 
 /// Runs one command line (without the program's name). Reasons of failures go to @p err.

@@ -24,7 +24,21 @@ constexpr std::array kCommands{
             addEdidOptions, runEdid},
     Command{"show", "REPORT...", "devices from report documents", 1, -1, noOptions, runShow},
     Command{"events", "REPORT...", "the hub's events while reports go in, as JSON lines", 1, -1, noOptions, runEvents},
-    Command{"demo", "", "a tour over the sample deployment", 0, 0, noOptions, runDemo},
+    Command{"image", "add REPORT FILE", "puts a picture into the store and on a device, and tells what room it takes",
+            3, 3, addImageOptions, runImage},
+    Command{"layouts", "", "templates for layers, screens and the multiviewer", 0, 0, noOptions, runLayouts},
+    Command{"draw", "REPORT", "a picture of a screen, as SVG or PNG", 1, 1, addDrawOptions, runDraw},
+    Command{"edit", "REPORT COMMAND...", "edits screens and layers, and tells the hub's events that follow", 2, -1,
+            addEditOptions, runEdit},
+    Command{"check", "REPORT --screen ID --layer ID|new --rect X,Y,W,H", "whether the cards carry a layer somewhere", 1,
+            1, addCheckOptions, runCheck},
+    Command{"preset", "show|plan|load REPORT ID", "what a preset holds, what a load would touch, and the load itself",
+            3, 3, addPresetOptions, runPreset},
+    Command{"store", "REPORT... --root DIR", "keeps devices as documents under a folder", 1, -1, addStoreOptions,
+            runStore},
+    Command{"load", "--root DIR", "the devices stored under a folder, and what is wrong with them", 0, 0,
+            addLoadOptions, runLoad},
+    Command{"demo", "", "a tour over the sample deployment", 0, 0, addDemoOptions, runDemo},
 };
 
 void addCommonOptions(QCommandLineParser &parser) {

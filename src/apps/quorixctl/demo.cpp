@@ -1,6 +1,7 @@
 #include "command.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 namespace quorixctl {
@@ -11,7 +12,11 @@ class Tour {
 public:
     explicit Tour(const Invocation &call) : m_call(call) {}
     void step(const QString &title, const QStringList &line) {
-        m_call.out << "\n### " << title << "\n$ quorixctl " << line.join(QLatin1Char(' ')) << "\n\n";
+        m_call.out << "\n### " << title << "\n$ quorixctl";
+        for (const QString &word : line)
+            m_call.out
+                << (word.contains(QLatin1Char(' ')) ? QStringLiteral(" \"%1\"") : QStringLiteral(" %1")).arg(word);
+        m_call.out << "\n\n";
         QString reason;
         QTextStream err(&reason);
         const int code =
@@ -26,6 +31,12 @@ private:
 };
 
 } // namespace
+
+void addDemoOptions(QCommandLineParser &parser) {
+    parser.addOption({{QStringLiteral("o"), QStringLiteral("output")},
+                      QStringLiteral("Picture to write (default: quorix-wall.png in the folder for temporary files)."),
+                      QStringLiteral("FILE")});
+}
 
 void runDemo(const Invocation &call) {
     const QTemporaryDir scratch;
@@ -42,6 +53,7 @@ void runDemo(const Invocation &call) {
     tour.step(QStringLiteral("What the deployment knows: chassis and their cards"), {QStringLiteral("models")});
     tour.step(QStringLiteral("What one input card can be: its layouts by capacity"),
               {QStringLiteral("card"), QStringLiteral("30474")});
+    tour.step(QStringLiteral("Templates that an operator picks from"), {QStringLiteral("layouts")});
     tour.step(QStringLiteral("A timing from the tables"), {QStringLiteral("timing"), QStringLiteral("1920x1080@60")});
     tour.step(QStringLiteral("A timing that no table holds"),
               {QStringLiteral("timing"), QStringLiteral("2560x1440@59.94")});
@@ -52,9 +64,28 @@ void runDemo(const Invocation &call) {
               {QStringLiteral("edid"), QStringLiteral("show"), edid});
     tour.step(QStringLiteral("Processors from their reports"), QStringList(QStringLiteral("show")) + reports);
     tour.step(QStringLiteral("What a listener hears while a report goes in"),
-              {QStringLiteral("events"), reports.value(0)});
+              {QStringLiteral("events"), reportsFolder.filePath(QStringLiteral("birch-mini.json"))});
+    const QString full = reportsFolder.filePath(QStringLiteral("alder-max.json"));
+    tour.step(QStringLiteral("What it hears while an operator works"),
+              {QStringLiteral("edit"), full, QStringLiteral("move regular:0/pvw/8 2600,1300"),
+               QStringLiteral("opacity regular:0/pvw/9 60"), QStringLiteral("source regular:0/pvw/1 input:2-3"),
+               QStringLiteral("select regular:0/pvw/9"), QStringLiteral("cut regular:6")});
+    const QString picture = QFileInfo(call.options.isSet(QStringLiteral("output"))
+                                          ? call.options.value(QStringLiteral("output"))
+                                          : QDir::temp().filePath(QStringLiteral("quorix-wall.png")))
+                                .absoluteFilePath();
+    tour.step(QStringLiteral("The wall that it works on"),
+              {QStringLiteral("draw"), full, QStringLiteral("--screen"), QStringLiteral("regular:0"),
+               QStringLiteral("-o"), picture});
+    const QStringList stored{QStringLiteral("--root"), scratch.filePath(QStringLiteral("devices")),
+                             QStringLiteral("--pictures"), scratch.filePath(QStringLiteral("pictures"))};
+    tour.step(QStringLiteral("The processor as documents on the disk"),
+              QStringList{QStringLiteral("store"), full} + stored);
+    tour.step(QStringLiteral("And back, as after a restart"),
+              QStringList{QStringLiteral("load"), QStringLiteral("--verify")} + stored);
     call.out << "\nThe tour is over: " << reports.size() << " processors, all of it from " << call.dataDirectory
-             << ".\n";
+             << ". The wall:\n"
+             << picture << '\n';
 }
 
 } // namespace quorixctl

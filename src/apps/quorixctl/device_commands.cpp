@@ -1,6 +1,7 @@
 #include "command.h"
 #include "hublistener.h"
-#include "report.h"
+#include "screen_tables.h"
+#include "session.h"
 #include "table.h"
 
 #include <quorixbizmodel/capability/deviceconfigmanager.h>
@@ -13,53 +14,11 @@
 #include <quorixbizmodel/topology/subcard.h>
 
 #include <iterator>
-#include <utility>
 
 namespace quorixctl {
 namespace {
 
 using namespace Quorix::BizModel;
-namespace Records = Quorix::ProtoModel;
-
-/// Empties the hub when a command ends, so that the next one of this process starts with none.
-class HubSession {
-public:
-    HubSession() = default;
-    HubSession(const HubSession &) = delete;
-    HubSession &operator=(const HubSession &) = delete;
-    ~HubSession() { DeviceList::instance()->clear(); }
-};
-
-/// Brings a reported processor into the hub, through the operations that a protocol layer calls.
-/// What the device refuses goes to @p notes; the rest goes in.
-std::shared_ptr<Device> feed(const ReportDocument &report, QTextStream &notes) {
-    const auto device = std::make_shared<Device>(report.modelId, nullptr);
-    DeviceList::instance()->append(device);
-    if (report.baseInfo)
-        device->updateDeviceBaseInfo(*report.baseInfo);
-    if (report.detail) {
-        device->setName(QString::fromStdString(report.detail->general.name));
-        device->setOperationStatus(static_cast<Enum::Device::OperationStatus>(report.detail->general.status));
-        if (!report.detail->networks.empty()) {
-            const Records::Device::s_NetworkBody &network = report.detail->networks.front();
-            device->setIPAddress(QString::fromStdString(network.ip));
-            device->setNetMask(QString::fromStdString(network.subnetMask));
-            device->setGateWay(QString::fromStdString(network.gateway));
-        }
-    }
-    device->setDeviceOnlineFlag(true);
-    if (report.detail)
-        for (const Records::Device::s_subcardBody &card : report.detail->subcards) {
-            device->initProtoConnector(card);
-            device->initModelConnector(card);
-        }
-    if (report.interfaces)
-        for (const Records::Interface::s_InterfaceDetail &detail : *report.interfaces)
-            if (QString error; !device->addInterface(detail, error))
-                notes << "interface " << detail.interfaceId.id() << ": " << error << '\n';
-    device->setSyncDataSuccess(true);
-    return device;
-}
 
 QString modeText(const QSize &size, float rate, bool isInterlaced) {
     return size.isEmpty() ? QStringLiteral("-") : Helper::formatFramerate(size, rate, isInterlaced);
@@ -122,37 +81,24 @@ void printDevice(QTextStream &out, const std::shared_ptr<Device> &device) {
     printSlots(out, device);
 }
 
-/// All documents are read before the first device appears: a bad one leaves the hub empty.
-std::vector<ReportDocument> readReports(const Invocation &call) {
-    std::vector<ReportDocument> reports;
-    for (const QString &path : call.arguments)
-        reports.push_back(readReport(path));
-    return reports;
-}
-
 } // namespace
 
 void runShow(const Invocation &call) {
-    readCapabilities(call.dataDirectory);
     const std::vector<ReportDocument> reports = readReports(call);
-    const HubSession session;
+    const HubSession session(call);
     for (const ReportDocument &report : reports) {
-        printDevice(call.out, feed(report, call.out));
+        const auto device = feed(report, call.out);
+        printDevice(call.out, device);
+        printScreens(call.out, device);
         call.out << '\n';
     }
     call.out << DeviceList::instance()->count() << " devices\n";
 }
 
 void runEvents(const Invocation &call) {
-    readCapabilities(call.dataDirectory);
     const std::vector<ReportDocument> reports = readReports(call);
-    const HubSession session;
-    const HubListener listener([&](const HubEvent &event) {
-        ajson::ajson_string_stream<> stream;
-        ajson::lite_write<ajson::ajson_string_stream<>> writer(stream);
-        ajson::json_impl<HubEvent>::write(writer, event);
-        call.out << QString::fromUtf8(stream.data(), static_cast<int>(stream.write_length())) << '\n';
-    });
+    const HubSession session(call);
+    const HubListener listener([&](const HubEvent &event) { call.out << jsonLine(event) << '\n'; });
     for (const ReportDocument &report : reports)
         feed(report, call.out);
 }

@@ -1,11 +1,20 @@
 #include "hublistener.h"
 
+#include "address.h"
+
 #include <quorixbizmodel/device/device.h>
+#include <quorixbizmodel/files/image.h>
+#include <quorixbizmodel/files/preset.h>
 #include <quorixbizmodel/hub/devicelist.h>
+#include <quorixbizmodel/layers/layer.h>
+#include <quorixbizmodel/screens/mvrscreen.h>
 #include <quorixbizmodel/topology/connector.h>
 #include <quorixbizmodel/topology/input.h>
 #include <quorixbizmodel/topology/output.h>
 #include <quorixbizmodel/topology/subcard.h>
+
+#include <algorithm>
+#include <iterator>
 
 namespace quorixctl {
 namespace {
@@ -33,6 +42,34 @@ std::string portText(const std::shared_ptr<Connector> &connector) {
     return connector ? "port " + std::to_string(connector->id()) : std::string("gone");
 }
 
+std::string placeText(const std::shared_ptr<Screen> &screen) {
+    return screen ? screenText(screen->screenIdentity()).toStdString() : std::string("gone");
+}
+
+std::string placeText(const std::shared_ptr<Layer> &layer) {
+    return layer ? layerText(layer->screenLayerId()).toStdString() : std::string("gone");
+}
+
+std::string listText(const QList<std::weak_ptr<Screen>> &screens) {
+    QStringList places;
+    for (const auto &screen : screens)
+        places << QString::fromStdString(placeText(screen.lock()));
+    return places.join(QLatin1Char(' ')).toStdString();
+}
+
+std::string fileText(const std::shared_ptr<File> &file) {
+    return file ? file->name().toStdString() : std::string("gone");
+}
+
+std::string rectText(const QRect &rect) {
+    return QStringLiteral("%1x%2 at %3,%4")
+        .arg(rect.width())
+        .arg(rect.height())
+        .arg(rect.x())
+        .arg(rect.y())
+        .toStdString();
+}
+
 /// How an argument of a type reads; owners stand in front of an event's other arguments.
 struct ArgumentForm {
     const char *type; ///< as the hub's declaration spells it
@@ -50,6 +87,20 @@ const ArgumentForm kForms[] = {
     {"std::weak_ptr<Input>", true, [](const void *a) { return nameText(as<std::weak_ptr<Input>>(a).lock()); }},
     {"std::shared_ptr<Input>", true, [](const void *a) { return nameText(as<std::shared_ptr<Input>>(a)); }},
     {"std::shared_ptr<Output>", true, [](const void *a) { return nameText(as<std::shared_ptr<Output>>(a)); }},
+    {"std::weak_ptr<Output>", true, [](const void *a) { return nameText(as<std::weak_ptr<Output>>(a).lock()); }},
+    {"std::weak_ptr<Screen>", true, [](const void *a) { return placeText(as<std::weak_ptr<Screen>>(a).lock()); }},
+    {"std::shared_ptr<Screen>", true, [](const void *a) { return placeText(as<std::shared_ptr<Screen>>(a)); }},
+    {"std::weak_ptr<MVRScreen>", true, [](const void *a) { return placeText(as<std::weak_ptr<MVRScreen>>(a).lock()); }},
+    {"std::weak_ptr<Layer>", true, [](const void *a) { return placeText(as<std::weak_ptr<Layer>>(a).lock()); }},
+    {"std::shared_ptr<Layer>", true, [](const void *a) { return placeText(as<std::shared_ptr<Layer>>(a)); }},
+    {"std::weak_ptr<File>", true, [](const void *a) { return fileText(as<std::weak_ptr<File>>(a).lock()); }},
+    {"std::weak_ptr<Image>", true, [](const void *a) { return fileText(as<std::weak_ptr<Image>>(a).lock()); }},
+    {"std::shared_ptr<Image>", true, [](const void *a) { return fileText(as<std::shared_ptr<Image>>(a)); }},
+    {"std::weak_ptr<Preset>", true, [](const void *a) { return fileText(as<std::weak_ptr<Preset>>(a).lock()); }},
+    {"std::shared_ptr<Preset>", true, [](const void *a) { return fileText(as<std::shared_ptr<Preset>>(a)); }},
+    {"QList<std::weak_ptr<Screen> >", true,
+     [](const void *a) { return listText(as<QList<std::weak_ptr<Screen>>>(a)); }},
+    {"QRect", false, [](const void *a) { return rectText(as<QRect>(a)); }},
     {"QString", false, [](const void *a) { return as<QString>(a).toStdString(); }},
     {"int", false, [](const void *a) { return std::to_string(as<int>(a)); }},
     {"bool", false, [](const void *a) { return std::string(as<bool>(a) ? "true" : "false"); }},
@@ -70,6 +121,13 @@ HubEvent describe(const QMetaMethod &signal, void **arguments) {
 }
 
 } // namespace
+
+QString jsonLine(const HubEvent &event) {
+    ajson::ajson_string_stream<> stream;
+    ajson::lite_write<ajson::ajson_string_stream<>> writer(stream);
+    ajson::json_impl<HubEvent>::write(writer, event);
+    return QString::fromUtf8(stream.data(), static_cast<int>(stream.write_length()));
+}
 
 HubListener::HubListener(std::function<void(const HubEvent &)> heard) : m_heard(std::move(heard)) {
     const QObject *hub = DeviceList::instance();

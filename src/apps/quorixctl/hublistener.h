@@ -20,6 +20,8 @@ struct HubEvent {
     std::vector<std::string> arguments;
 };
 QUORIX_AJSON(HubEvent, signal, owners, arguments)
+/// An event as a line of JSON, without its end.
+QString jsonLine(const HubEvent &event);
 
 /// Joined to each signal of DeviceList for its lifetime; the callback runs on the emitting thread, inside the emission.
 /// Deliberately without Q_OBJECT: its signals' slots are numbered behind QObject's own methods and answered by

@@ -1,0 +1,41 @@
+/// The hub for the time of one command, and the road by which reported processors enter it.
+#ifndef QUORIXCTL_SESSION_H
+#define QUORIXCTL_SESSION_H
+
+#include "command.h"
+#include "report.h"
+
+#include <quorixbizmodel/common/modelreferences.h>
+
+#include <QTemporaryDir>
+
+#include <memory>
+#include <vector>
+
+namespace quorixctl {
+
+/// Pictures of the reports go to a folder that ends with the session; so does what the hub holds, so that the next
+/// command of this process starts with an empty one.
+class HubSession {
+public:
+    /// Reads the capability files, too. Throws Failure if that fails.
+    explicit HubSession(const Invocation &call);
+    HubSession(const HubSession &) = delete;
+    HubSession &operator=(const HubSession &) = delete;
+    ~HubSession();
+
+private:
+    QTemporaryDir m_pictures;
+    QString m_folder; ///< of the picture store before
+};
+
+/// Brings a reported processor into the hub, part by part as the library wants it. What the device refuses is told in
+/// @p notes; the rest goes in.
+std::shared_ptr<Quorix::BizModel::Device> feed(const ReportDocument &report, QTextStream &notes);
+
+/// Calls that the model has queued are made now, as an event loop would: some signals reach the hub on that way.
+void deliverQueuedSignals();
+
+} // namespace quorixctl
+
+#endif

@@ -1,0 +1,110 @@
+/// Hot backup: which changes of the pairs signal, which layers follow the interface in force, what an editor is told.
+#include <layers/layers.h>
+#include <quorixbizmodel/topology/connector.h>
+
+namespace Quorix::Tests {
+
+namespace {
+
+QString operator""_q(const char *text, std::size_t size) { return QString::fromUtf8(text, static_cast<int>(size)); }
+
+using Relation = ProtoModel::Device::s_Relation;
+constexpr int kFirst = 65536;  ///< "input"
+constexpr int kSecond = 65792; ///< "second"
+constexpr int kSlot2 = 131072; ///< port 0; packed without care, port 256 of slot 1 would be the same
+constexpr Relation kPair{.type = 0, .interfaceA = kFirst, .interfaceB = kSecond, .actualInterface = kFirst};
+constexpr Relation kOther{.type = 0, .interfaceA = kSlot2, .interfaceB = kSlot2 + 256, .actualInterface = kSlot2};
+
+} // namespace
+
+struct HotBackup : Layers {
+    const QString pairsChanged = "signalInterfaceRelationPairsChanged(device)"_q;
+};
+
+TEST_F(HotBackup, ChangesOfPairsSignal) {
+    const struct {
+        const char *events;
+        std::function<void(Device &)> change;
+        int enable, partner, uses;
+    } steps[] = {
+        {"EnableChanged PairsChanged", call(&Device::setInterfaceRelation, {1, {kPair}}), 1, kSecond, 10},
+        {"", call(&Device::setInterfaceRelation, {1, {kPair}}), 1, kSecond, 10},
+        {"PairsChanged", call(&Device::setInterfaceRelation, {1, {kPair, kOther}}), 1, kSecond, 11},
+        {"EnableChanged", call(&Device::setInterfaceRelation, {2, {kPair, kOther}}), 2, kSecond, 11},
+        {"", call(&Device::setInterfaceRelationEnable, true), 2, kSecond, 11},
+        {"EnableChanged", call(&Device::setInterfaceRelationEnable, false), 0, kSecond, 0},
+        {"EnableChanged", call(&Device::setInterfaceRelationEnable, true), 1, kSecond, 11},
+        {"", call(&Device::removeInterfaceRelation, 1, 2), 1, kSecond, 11},
+        {"PairsChanged", call(&Device::removeInterfaceRelation, 1, 1), 1, -1, 1},
+        {"", call(&Device::removeInterfaceRelationBySlotId, 1), 1, -1, 1},
+        {"PairsChanged", call(&Device::removeInterfaceRelationBySlotId, 2), 1, -1, 0},
+    };
+    for (const auto &step : steps) {
+        step.change(*device);
+        const auto heard = log.take().join(' ').remove("signalInterfaceRelation"_q).remove("(device)"_q);
+        EXPECT_EQ(heard, QString::fromLatin1(step.events)) << &step - steps;
+        EXPECT_EQ(device->interfaceRelation().enable, step.enable);
+        EXPECT_EQ(device->getInterfaceRelation(kFirst), step.partner);
+        EXPECT_EQ(device->isUsedForHotBack(1, 1) * 10 + device->isUsedForHotBack(2, 0), step.uses);
+        EXPECT_FALSE(device->isUsedForHotBack(1, 256));
+    }
+}
+
+TEST_F(HotBackup, LayersFollowTheReport) {
+    device->setInterfaceRelation({1, {kPair, kOther}});
+    layer->setSource(sourceOf(*second));
+    const auto onAux = addedLayer(*aux, LayerType::AUX, SceneType::PGM, SourceType::Input, kSecond);
+    log.take();
+    MessageLog::take();
+    // Turned round, told twice, and with a pair that the device doesn't have.
+    device->updateInterfaceRelation({{0, kSecond, kFirst, kFirst}, {0, kFirst, kSecond, kSecond}, {0, 1, 2, 1}});
+    EXPECT_THAT(log.take(), ElementsAre("signalLayerSourceChanged(device, regular, layer)"_q,
+                                        "signalLayerCropChanged(device, regular, layer, \"\")"_q,
+                                        "signalLayerSourceChanged(device, aux, ?)"_q,
+                                        "signalLayerCropChanged(device, aux, ?, \"\")"_q, pairsChanged));
+    EXPECT_EQ(layer->sourceId() + onAux->sourceId(), 2 * kFirst);
+    EXPECT_EQ(device->interfaceRelation().relation.size(), 2U);
+    EXPECT_THAT(MessageLog::take(), ElementsAre("warning: reported hotback pair isn't exist in interface relation."_q));
+
+    device->updateInterfaceRelation({{0, kFirst, kSecond, kFirst}});  // as it stands
+    device->updateInterfaceRelation({{1, kFirst, kSecond, kSecond}}); // another type
+    device->updateInterfaceRelation({{0, kFirst, kSecond, 77}});
+    EXPECT_THAT(log.take(), ElementsAre(pairsChanged, pairsChanged));
+    EXPECT_EQ(device->interfaceRelation().relation[0].actualInterface, 77);
+
+    ProtoModel::Device::s_RelationArray report{{0, kFirst, kSecond, kSecond}};
+    const auto drop = [&] { report = ProtoModel::Device::s_RelationArray(); };
+    QObject::connect(layer.get(), &Layer::signalSourceInfoChanged, layer.get(), drop);
+    device->updateInterfaceRelation(report);
+    EXPECT_EQ(device->interfaceRelation().relation[0].actualInterface, kSecond);
+}
+
+TEST_F(HotBackup, AnEditorIsToldWhatItMayChange) {
+    device->setInterfaceRelation({1, {kPair}});
+    device->setAllowEditedHotBackupConnectors({{1, 1}, {1, 2}, {257, 1}});
+    EXPECT_TRUE(device->isAllowEditedHotBackupConnector(1, 1));
+    for (const auto &[slot, port] : {std::pair(1, 0), std::pair(1, 2), std::pair(257, 1)})
+        EXPECT_FALSE(device->isAllowEditedHotBackupConnector(slot, port)) << slot << port;
+
+    const auto offer = [&](int port, bool isChosen) {
+        device->updateAvailableInterface(1, port, isChosen);
+        QString offered;
+        for (const auto &connector : card->connectors())
+            offered += connector.lock()->isHotBackForSameCapacity() ? '1' : '0';
+        return offered;
+    };
+    device->setConnectorCapacity(1, 2, Enum::Interface::CapacityMode::_DL);
+    const QStringList offers{offer(2, true), offer(9, true), offer(2, false), offer(0, true)};
+    EXPECT_THAT(offers, ElementsAre("0010"_q, "0010"_q, "1111"_q, "1101"_q));
+
+    Body recordOnly = singleLinks();
+    recordOnly.slotId = 3;
+    device->initProtoConnector(recordOnly);
+    EXPECT_TRUE(device->isUsedForHotBack(1, 1, 0, 2)); // port 1 with 4K
+    EXPECT_FALSE(device->isUsedForHotBack(1, 2, 0, 0) || device->isUsedForHotBack(1, 0, 0, 9));
+    EXPECT_FALSE(device->isUsedForHotBack(260, 0, 0, 0) || device->isUsedForHotBack(3, 0, 0, 0));
+    EXPECT_THAT(MessageLog::take(), ElementsAre("warning: The connector is null"_q, "warning: Not find slot: 260"_q,
+                                                "warning: Can not find the card, card index is  3"_q));
+}
+
+} // namespace Quorix::Tests

@@ -1,0 +1,144 @@
+/// The way of a screen from one scene to the other, its plain properties, a reported record, and what the kinds answer.
+#include "wall.h"
+
+#include <quorixbizmodel/capability/quorixbizstruct.h>
+
+namespace Quorix::Tests {
+
+using State = Enum::Screen::State;
+
+struct Scenes : Wall {};
+
+TEST_F(Scenes, GoByTheirBrackets) {
+    const struct {
+        bool (Screen::*step)();
+        State from, to;
+    } rows[] = {
+        {&Screen::startTake, State::Normal, State::Taking},      {&Screen::endTake, State::Taking, State::Normal},
+        {&Screen::startCut, State::Normal, State::Cut},          {&Screen::endCut, State::Cut, State::Normal},
+        {&Screen::startTBar, State::Normal, State::Tbar_taking}, {&Screen::endTBar, State::Tbar_taking, State::Normal},
+    };
+    for (const auto &row : rows)
+        for (const auto from : {State::Normal, State::Taking, State::Resource_out, State::Tbar_taking, State::Cut}) {
+            SCOPED_TRACE(testing::Message() << "row " << &row - rows << " from " << toInt(from));
+            regular->setState(from);
+            log.take();
+            const bool isAllowed = from == row.from;
+            EXPECT_EQ((regular.get()->*row.step)(), isAllowed);
+            EXPECT_EQ(regular->state(), isAllowed ? row.to : from);
+            EXPECT_EQ(events().join(' '), isAllowed ? "ScreenStateChanged()" : "");
+            EXPECT_TRUE(!isAllowed || regular->lastState() == from);
+        }
+}
+
+/// Each row twice: the second time must be silent.
+TEST_F(Scenes, SignalChangesOnly) {
+    EventLog own{regular.get()};
+    const struct {
+        const char *events; ///< of the screen, without "signal"
+        std::function<void(Screen &)> act;
+        const char *hub = nullptr; ///< where it isn't "Screen" and the same
+    } rows[] = {
+        {"ScreenNameChanged()", call(&Screen::setName, QString::fromUtf8("屏幕1"))},
+        {"ScreenIndexChanged()", call(&Screen::setIndex, 4)},
+        {"ScreenNameChanged() ScreenIndexChanged()", call(&Screen::setScreenGeneral, {"b", "62", 5})},
+        {"", call(&Screen::setScreenGeneral, {"b", "63", 5})},
+        {"BackGroundColorChanged()", call(&Screen::setBackGroundColor, {1, 2, 3}), "MVRScreenBackgroundColorChanged()"},
+        {"ScreenNovsStatusChanged()", call(&Screen::setScreenNovs, {.enable = 0, .status = 1})},
+        {"SelectedChanged()", call(&Screen::setSelected, true), ""},
+        {"ZOrderchanged()", call(&Screen::setZOrder, -3), ""},
+        {"SpliceModeChanged()", call(&Screen::setSpliceMode, Screen::ScreenSpliceMode::AnyShapedSplice),
+         "ScreenSpliceModeChanged()"},
+        {"TBarChanged()", [](Screen &s) { s.setTBar(50); }, ""},
+        {"SwitchEffectchanged()", [](Screen &s) { s.setSwitchEffect(1.25); }, "ScreenEffectChanged()"},
+        {"", [](Screen &s) { s.setSwitchEffect(1.29); }},
+        {"SwitchEffectchanged()", [](Screen &s) { s.setSwitchEffect(Screen::SwitchEffectType::Ease2Center); },
+         "ScreenEffectChanged()"},
+        {"FTBchanged()", [](Screen &s) { s.setFTB({.enable = 2, .time = 0}); }, "ScreenFTBChanged()"},
+        {"", [](Screen &s) { s.setFTB(true); }},
+        {"FreezeChanged()", call(&Screen::setFreeze, true), "ScreenPGMFreezeChanged()"},
+        {"PGMEditEnableChanged()", call(&Screen::setPGMEdit, true), "ScreenPGMEditChanged()"},
+        {"OperationTargetChanged()", call(&Screen::setOperationTarget, Enum::Layer::SceneType::PGM),
+         "ScreenOperationTargetChanged()"},
+        {"PhysicalUnitChanged()", call(&Screen::setPhysicalUnit, Screen::PhysicalUnitType::Meter), ""},
+    };
+    for (const auto &row : rows) {
+        SCOPED_TRACE(&row - rows);
+        row.act(*regular);
+        row.act(*regular);
+        EXPECT_EQ(own.take().join(' ').remove("signal"), row.events);
+        EXPECT_EQ(events().join(' '), row.hub == nullptr ? row.events : row.hub);
+    }
+    regular->setName(QString::fromUtf8("屏幕1"));
+    EXPECT_EQ(regular->screenGeneral().nameGB2312, "C6C1C4BB31");
+    EXPECT_DOUBLE_EQ(regular->switchEffectTime(), 1.2);
+    EXPECT_DOUBLE_EQ(regular->TBarProcess(), 0.5);
+}
+
+TEST_F(Scenes, ComeWithARecordInSilence) {
+    EventLog own{regular.get()};
+    auto detail = regular->storedState().m_detail;
+    detail.selected = 1;
+    QString error;
+    for (const auto &[percent, state] : {qMakePair(37, State::Tbar_taking), qMakePair(100, State::Normal)}) {
+        detail.tbar.percent = percent;
+        EXPECT_TRUE(regular->initModelData(device, detail, error));
+        EXPECT_EQ(regular->state(), state);
+        EXPECT_EQ(regular->lastState(), State::Normal);
+        EXPECT_EQ(regular->storedState().m_detail, detail);
+    }
+    log.take();
+    regular->unserailize(device);
+    EXPECT_EQ(device->selectedScreen(2).size(), 1);
+    EXPECT_THAT(own.take(), IsEmpty());
+    regular->setIndex(3); // joined once
+    EXPECT_THAT(events().filter("Index"), ElementsAre("ScreenIndexChanged()"));
+    own.take();
+    regular->clearAll();
+    EXPECT_THAT(own.take(), IsEmpty());
+    EXPECT_TRUE(regular->owerDevice().expired());
+    EXPECT_EQ(regular->storedState().m_detail, Screen::Detail()); // without what a new screen sets beside it
+}
+
+TEST_F(Scenes, AnswerByKind) {
+    auto &main = device->deviceConfig().MainScreenCfg;
+    const auto kept = main;
+    regular->setGrid({2, 2}, false);
+    place(*regular, {0, 1, 2});
+    for (const bool isSupported : {true, false}) {
+        main.IsSupportIncompleteSplicing = isSupported;
+        EXPECT_EQ(regular->isComplete(), isSupported);
+        EXPECT_EQ(regular->isSupportIncompleteSplicing(), isSupported);
+    }
+    regular->setSpliceMode(Screen::ScreenSpliceMode::AnyShapedSplice);
+    EXPECT_TRUE(regular->isComplete() && regular->isSupportIncompleteSplicing() && regular->isSupportOutputZOrder());
+    main = kept;
+
+    EXPECT_FALSE(aux->isComplete());
+    place(*aux, {3});
+    EXPECT_TRUE(aux->isComplete() && aux->PGMEdit() && !aux->isSupportOutputAOI() && !regular->PGMEdit());
+    aux->setOwerDevice({});
+    EXPECT_FALSE(aux->isComplete() || aux->isSupportVirtualScreen() || aux->isSupportProjectionFusion());
+
+    QObject parent;
+    const EchoScreen echo(&parent);
+    EXPECT_EQ(EchoScreen(echo).parent(), &parent);
+    EXPECT_EQ(toInt(EchoScreen(echo).screenType()), 16);
+    EXPECT_EQ(Screen(*regular).storedState().m_detail, Screen().storedState().m_detail);
+}
+
+TEST_F(Scenes, PushLayersIntoTheValidRange) {
+    place(*regular, {0});
+    EXPECT_EQ(regular->layerValidRangeWindowRect(), QRect(-1920, -1080, 5760, 3240));
+    const std::pair<QRect, QRect> rows[] = {
+        {{10, 20, 30, 40}, {10, 20, 30, 40}},
+        {{-5000, 0, 100, 50}, {-1920, 0, 100, 50}},
+        {{3800, 2150, 100, 50}, {3740, 2110, 100, 50}},
+        {{-1, -1, 5760, 9000}, {-1920, -1080, 5760, 3240}},
+        {{0, 0, 5761, 3241}, {-1920, -1080, 5760, 3240}},
+    };
+    for (const auto &[given, pushed] : rows)
+        EXPECT_EQ(regular->recalcLayerValidWindowRect(given), pushed);
+}
+
+} // namespace Quorix::Tests
