@@ -1,5 +1,7 @@
 #include "budgets.h"
 
+#include <quorixbizmodel/common/helper.h>
+
 #include <limits>
 
 namespace Quorix::Tests {
@@ -64,7 +66,7 @@ TEST_F(Budgets, TheCropThatShowsIsCut) {
     const auto layer = made(*regular, 0, {}, Capacity::_DL, Scene::PVW, Source::Input, kInput);
     const auto cost = [&](const QRect &crop, const QRect &rect) {
         ProtoModel::s_CropDetailBody body;
-        static_cast<ProtoModel::s_Rect &>(body) = {crop.x(), crop.y(), crop.width(), crop.height()};
+        static_cast<ProtoModel::s_Rect &>(body) = Helper::qRect2SRect(crop);
         body.id = kInput;
         body.type = toInt(Source::Input);
         body.enable = 1;

@@ -45,13 +45,13 @@ std::shared_ptr<Layer> proposedLayer(const std::shared_ptr<Screen> &screen, int 
         parseLayer(QStringLiteral("%1/%2/%3")
                        .arg(screenText(screen->screenIdenti()), sceneText(scene), isNew ? QStringLiteral("0") : name));
     if (!isNew) {
-        const auto layer = screen->layer(id).lock();
+        auto layer = screen->layer(id).lock();
         if (layer == nullptr)
             throw Failure(QStringLiteral("there is no layer %1").arg(layerText(id)));
         return layer;
     }
     id.layerId = Constants::Layer::maxId;
-    const auto layer = Screen::createLayer(static_cast<Enum::Layer::LayerType>(id.layerType));
+    auto layer = Screen::createLayer(static_cast<Enum::Layer::LayerType>(id.layerType));
     Layer::Detail detail = layer->layerDetail();
     detail.layerIdenti = id;
     detail.source.general = parseSource(source.isEmpty() ? QStringLiteral("none") : source);

@@ -66,7 +66,7 @@ QString overview() {
 QString findData(const QCommandLineParser &parser) {
     if (parser.isSet(QStringLiteral("data")))
         return parser.value(QStringLiteral("data"));
-    const QString here = QStringLiteral("data");
+    QString here = QStringLiteral("data");
     if (QDir(here + QStringLiteral("/devices")).exists())
         return here;
     return QDir::cleanPath(QCoreApplication::applicationDirPath() + QStringLiteral("/../share/quorix"));

@@ -22,7 +22,6 @@ using Enum::File::FileType;
 using Enum::Layer::SceneType;
 using Enum::Screen::UpdateType;
 using LayerDetail = Quorix::ProtoModel::Layer::s_LayerFullDetail;
-using Quorix::ProtoModel::s_ScreenId;
 
 /// A preset on its way into a device.
 struct Load {

@@ -26,7 +26,7 @@ HubSession::~HubSession() {
 }
 
 std::shared_ptr<Device> feed(const ReportDocument &report, QTextStream &notes) {
-    const auto device = std::make_shared<Device>(report.modelId, nullptr);
+    auto device = std::make_shared<Device>(report.modelId, nullptr);
     DeviceList::instance()->append(device);
     if (report.baseInfo)
         device->updateDeviceBaseInfo(*report.baseInfo);

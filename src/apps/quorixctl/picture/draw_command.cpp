@@ -25,7 +25,7 @@ std::shared_ptr<Screen> wantedScreen(Device &device, const QCommandLineParser &o
         return screens.first().lock();
     }
     const auto id = parseScreen(options.value(QStringLiteral("screen")));
-    const auto screen = device.findScreen(id.screenType, id.screenId).lock();
+    auto screen = device.findScreen(id.screenType, id.screenId).lock();
     if (!screen)
         throw Failure(QStringLiteral("the report has no screen %1").arg(screenText(id)));
     return screen;
