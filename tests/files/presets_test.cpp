@@ -163,7 +163,8 @@ TEST_F(Presets, TellsWhatCannotBeLoaded) {
         QString before;
         QString after;
         fill(screens, {});
-        EXPECT_EQ(preset->preCheckPresetValidity(before), before.isEmpty());
+        const bool isLoadable = preset->preCheckPresetValidity(before);
+        EXPECT_EQ(isLoadable, before.isEmpty());
         preset->afterCheckPresetValidity(after);
         EXPECT_EQ(before + '|' + after, texts);
     }
@@ -283,15 +284,14 @@ TEST_F(Presets, UsersOfAPictureAreFound) {
     add(*regular, SceneType::PGM, layer(0, 2, LayerType::BKG, SourceType::BKG, 1));
     regular->setName("%1"_q);
     device->clearPreset();
-    EXPECT_TRUE(device->isFileUsed(1, FileType::BKG) && device->isFileUsed(FileType::BKG) &&
-                !device->isFileUsed(2, FileType::BKG));
-    const auto rest = "and the corresponding screen and preset will no longer be displayed after deletion,"_q;
-    EXPECT_EQ(device->deleteCurrentBKGMessage(shown),
-              "Current BKG is used by %1,"_q + rest + "Are you sure to delete this BKG?"_q);
+    EXPECT_TRUE(device->isFileUsed(1, FileType::BKG) && device->isFileUsed(FileType::BKG));
+    EXPECT_FALSE(device->isFileUsed(2, FileType::BKG));
+    const auto tail = "and the corresponding screen and preset will no longer be displayed after deletion,"
+                      "Are you sure to delete "_q;
+    EXPECT_EQ(device->deleteCurrentBKGMessage(shown), "Current BKG is used by %1,"_q + tail + "this BKG?"_q);
     EXPECT_EQ(device->deleteCurrentBKGMessage(saved) + device->deleteCurrentBKGMessage({}),
               "Are you sure to delete this BKG?"_q);
-    EXPECT_EQ(device->deleteAllBKGMessage(0),
-              "Part of the BKG is used, "_q + rest + "Are you sure to delete all BKG?"_q);
+    EXPECT_EQ(device->deleteAllBKGMessage(0), "Part of the BKG is used, "_q + tail + "all BKG?"_q);
 }
 
 } // namespace Quorix::Tests
