@@ -1,4 +1,5 @@
 /// The registry: who is in it, who is found, who is activated, and which events tell so.
+#include <quorixbizmodel/files/preset.h>
 #include <quorixbizmodel/screens/screenkinds.h>
 #include <support/builders.h>
 #include <support/eventlog.h>
@@ -106,6 +107,9 @@ TEST_F(Registry, ClearsWithOneSignalAndLetsGoFirst) {
 TEST_F(Registry, ActivatesAndMarksForRepainting) {
     auto left = make({.name = "left"_q});
     auto right = make({.name = "right"_q});
+    const auto preset = std::make_shared<Preset>();
+    left->addPreset(preset);
+    log.take();
     const struct {
         std::shared_ptr<Device> device;
         bool isEmit;
@@ -115,10 +119,12 @@ TEST_F(Registry, ActivatesAndMarksForRepainting) {
     for (const auto &row : rows) {
         if (row.device != nullptr)
             row.device->setIsNeedRepaintPreset(false);
+        preset->setIsNeedRepaint(false);
         hub->setActivtedDevice(row.device, row.isEmit);
         EXPECT_EQ(log.take().size(), row.events);
         EXPECT_EQ(hub->activedDevice().lock(), row.device);
         EXPECT_TRUE(row.device == nullptr || row.device->isNeedRepaintPreset());
+        EXPECT_EQ(preset->isNeedRepaint(), &row == &rows[2]); // where its device becomes the activated one
     }
 }
 

@@ -92,8 +92,8 @@ public:
 
     // Activation (devicelist.cpp)
 
-    /// Makes a device (or none) the activated one and marks it for repainting. signalActivedDeviceChanged follows when
-    /// the device is another one, and for the same one if @p isEmit is true.
+    /// Makes a device (or none) the activated one and marks it for repainting; if it is another one, its presets, too.
+    /// signalActivedDeviceChanged follows when the device is another one, and for the same one if @p isEmit is true.
     void setActivtedDevice(const std::weak_ptr<Device> &pDevice, bool isEmit);
     std::weak_ptr<Device> activedDevice();
 
