@@ -21,7 +21,8 @@ struct Usage : Layers {
     template <class... Parameter, class... Argument>
     QString users(bool (Device::*question)(Parameter...), const Argument &...arguments) {
         QString info;
-        EXPECT_EQ((device.get()->*question)(arguments..., info), !info.isEmpty()) << info.toStdString();
+        const bool isUsed = (device.get()->*question)(arguments..., info);
+        EXPECT_EQ(isUsed, !info.isEmpty()) << info.toStdString();
         return info;
     }
 };
