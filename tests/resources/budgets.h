@@ -18,6 +18,10 @@ using LayerType = Enum::Layer::LayerType;
 using Scene = Enum::Layer::SceneType;
 using Source = Enum::Layer::SourceType;
 
+constexpr QRect kOnSix{0, 0, 960, 540};
+constexpr QRect kOnSeven{1920, 0, 960, 540};
+constexpr uint32_t kInput = 1U << 16U; ///< 3840 by 2160 pixels
+
 /// Full-HD outputs from left to right: output 0 on the card of slot 6, outputs 1 and 2 on that of slot 7.
 struct Budgets : Wall {
     using Outputs = QList<std::weak_ptr<Output>>;

@@ -7,10 +7,6 @@ namespace {
 
 using testing::ElementsAre;
 
-constexpr QRect kOnSix{0, 0, 960, 540};
-constexpr QRect kOnSeven{1920, 0, 960, 540};
-constexpr uint32_t kInput = 1U << 16U;
-
 TEST_F(Budgets, AMoveIsJudgedOnBothCards) {
     place(*regular, {0, 1});
     const auto layer = added(*regular, 0, kOnSix);

@@ -1,12 +1,7 @@
 #include "budgets.h"
 
-#include <limits>
-
 namespace Quorix::Tests {
 namespace {
-
-constexpr QRect kOnSix{0, 0, 960, 540};
-constexpr uint32_t kInput = 1U << 16U; // 3840 by 2160 pixels
 
 struct Row {
     const char *tag;
@@ -16,8 +11,6 @@ struct Row {
     int six;
     int seven;
 };
-
-constexpr int kEnd = std::numeric_limits<int>::max();
 
 const Row kRows[] = {
     {"two outputs of a card count once", {3000, 0, 2000, 1080}, Capacity::_SL, Source::Input, 0, 2},
@@ -31,8 +24,8 @@ const Row kRows[] = {
     {"nothing to cut: one strip", kOnSix, Capacity::_4K, Source::BKG, 2, 0},
     {"no area", {100, 100, 0, 540}, Capacity::_SL, Source::Input, 0, 0},
     {"beside the mosaic", {100, 1080, 960, 540}, Capacity::_4K, Source::Input, 0, 0},
-    {"as far away as can be", {{kEnd - 960, 0}, QPoint{kEnd, kEnd}}, Capacity::_4K, Source::Input, 0, 0},
-    {"as large as can be", {{-kEnd, -kEnd}, QPoint{kEnd, kEnd}}, Capacity::_4K, Source::Input, 0, 0},
+    {"as far away as can be", {{kHighest - 960, 0}, QPoint{kHighest, kHighest}}, Capacity::_4K, Source::Input, 0, 0},
+    {"as large as can be", {{-kHighest, -kHighest}, QPoint{kHighest, kHighest}}, Capacity::_4K, Source::Input, 0, 0},
 };
 
 TEST_F(Budgets, ALayerCostsItsDistinctStrips) {
@@ -90,7 +83,7 @@ TEST_F(Budgets, OtherScreensCountWithTheLargerScene) {
 TEST_F(Budgets, ACutLayerCostsWhileItIsSwitchedOn) {
     place(*regular, {0, 1});
     const auto fill = added(*regular, 3, kOnSix);
-    added(*regular, 3, {1920, 0, 960, 540}, Capacity::_DL, Scene::PVW, Source::Input, kInput, LayerType::Cut);
+    added(*regular, 3, kOnSeven, Capacity::_DL, Scene::PVW, Source::Input, kInput, LayerType::Cut);
     EXPECT_EQ(alloced(seven), 0);
     fill->setCutAndFill({.enable = true, .isBinding = false});
     EXPECT_EQ(alloced(seven), 4) << "where it stands, by its own capacity";

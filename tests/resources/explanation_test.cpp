@@ -41,7 +41,7 @@ struct RandomWalls : Budgets {
         const Source sources[] = {Source::Input, Source::Input, Source::PGM, Source::Empty, Source::BKG};
         const Capacity capacities[] = {Capacity::_SL, Capacity::_DL, Capacity::_4K, Capacity::invaild};
         const Source source = sources[below(5)];
-        const auto sourceId = source == Source::Input ? 1U << 16U : static_cast<uint32_t>(below(3));
+        const auto sourceId = source == Source::Input ? kInput : static_cast<uint32_t>(below(3));
         return made(screen, id, rect(), capacities[below(4)], scene, source, sourceId, type);
     }
 
@@ -112,14 +112,14 @@ TEST_F(RandomWalls, AnExplanationIsTheCheckTakenApart) {
         for (const auto &account : explained.cards) {
             // The sums of the check are those of the single costs.
             const s_subcardBody body{.slotId = account.slotId, .connectors = {}};
-            const auto card = device->findSubcardBySlotId(static_cast<uint8_t>(account.slotId));
+            const auto subcard = device->findSubcardBySlotId(static_cast<uint8_t>(account.slotId));
             int units = auxScreen == nullptr
                             ? ResourceCheck::calcAllocedResourcesOfSlot(body, screen, scene, true, switched)
-                            : ResourceCheck::getResOfSlotAlloced(auxScreen, scene, card, rects);
+                            : ResourceCheck::getResOfSlotAlloced(auxScreen, scene, subcard, rects);
             for (const auto &[reference, window] : rects) {
                 const auto layer = reference.lock();
                 if (auxScreen != nullptr)
-                    units += ResourceCheck::getResOfSlotAlloced2Layer(auxScreen, card, layer, window);
+                    units += ResourceCheck::getResOfSlotAlloced2Layer(auxScreen, subcard, layer, window);
                 else
                     units += cost(screen, body, window, layer, switched) -
                              (layer == fresh ? 0 : cost(screen, body, layer->windowRect(), layer, switched));

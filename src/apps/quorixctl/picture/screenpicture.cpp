@@ -98,14 +98,15 @@ double drawLegend(const ScreenView &view, double y, std::vector<Mark> &marks) {
 double drawCards(const ScreenView &view, double y, std::vector<Mark> &marks) {
     constexpr std::size_t kInRow = 3;
     constexpr double kRow = 22;
-    constexpr double kName = 112;
-    constexpr double kBar = 120;
+    constexpr double kName = 108;
+    constexpr double kBar = 96;
+    constexpr double kColumn = (kRight - kMargin) / kInRow;
     marks.emplace_back(Text{QStringLiteral("cards: units in use"), kMargin, y + 12, kSmallSize, kSoftInk, true});
     y += 20;
     marks.emplace_back(Box{{kMargin, y - 3, kRight - kMargin, 1}, kHairline});
     for (std::size_t i = 0; i < view.cards.size(); ++i) {
         const CardView &card = view.cards[i];
-        const double x = kMargin + static_cast<double>(i % kInRow) * (kRight - kMargin) / kInRow;
+        const double x = kMargin + static_cast<double>(i % kInRow) * kColumn;
         const double top = y + static_cast<double>(i / kInRow) * kRow;
         const double height = card.loads.size() > 1 ? 6 : 12;
         Area bar{x + kName, top + 3, kBar, height};
@@ -121,8 +122,9 @@ double drawCards(const ScreenView &view, double y, std::vector<Mark> &marks) {
             figures << QStringLiteral("%1 %2").arg(QLatin1String(load.isProgramme ? "PGM" : "PVW")).arg(load.units);
         }
         marks.emplace_back(Text{elided(card.name, kTextSize, false, kName - 8), x, top + 13.5, kTextSize, kInk});
-        marks.emplace_back(Text{QStringLiteral("%1 of %2").arg(figures.join(QStringLiteral(", "))).arg(card.budget),
-                                bar.right() + 10, top + 13.5, kTextSize, isOver ? kSelectedInk : kInk, isOver});
+        const QString text = QStringLiteral("%1 of %2").arg(figures.join(QStringLiteral(", "))).arg(card.budget);
+        marks.emplace_back(Text{elided(text, kTextSize, isOver, kColumn - kName - kBar - 16), bar.right() + 10,
+                                top + 13.5, kTextSize, isOver ? kSelectedInk : kInk, isOver});
     }
     return y + static_cast<double>((view.cards.size() + kInRow - 1) / kInRow) * kRow;
 }
