@@ -41,9 +41,9 @@ TEST(Picture, ShowsTheWallInBothForms) {
     ASSERT_EQ(run({"draw", report("alder-max.json"), "-o", svg}).code, 0);
     const QByteArray first = contentOf(svg);
     const QStringList texts = textsOf(first.toStdString());
-    for (const char *wanted :
-         {"Main Wall", "PVW  preview", "Output 3-3", "Output 1-4 \u00B7 1600 \u00D7 1080", "Layer 10 \u00B7 cut", "z9",
-          "Input 10-1 \u00B7 3840 \u00D7 1080", "crop 50 \u00D7 100 %", "selected", "7360"})
+    for (const char *wanted : {"Main Wall", "PVW  preview", "Output 3-3", "Output 1-4 \u00B7 1600 \u00D7 1080",
+                               "Layer 10 \u00B7 cut", "z9", "Input 10-1 \u00B7 3840 \u00D7 1080",
+                               "crop 50 \u00D7 100 %", "selected", "7360", "Out2 in slot 13", "PGM 8, PVW 20 of 16"})
         EXPECT_TRUE(texts.contains(QString::fromUtf8(wanted))) << wanted;
 
     // The same bytes, whatever the station's language.
@@ -65,6 +65,7 @@ TEST(Picture, EachKindOfScreenHasItsScene) {
         QStringList options;
         const char *text;
     } rows[] = {
+        {{"--screen", "aux:0"}, "PGM 2 of 4"},
         {{"--screen", "aux:0"}, "Confidence-PGM \u00B7 3840 \u00D7 1080"},
         {{"--screen", "mvr:0"}, "Stage Blend-PGM"},
         {{"--screen", "regular:0", "--scene", "pgm"}, "PGM  programme"},
@@ -120,6 +121,7 @@ TEST(Picture, NoReportBreaksIt) {
             }
     for (const Area &frame : {Area{0, 0, 1920, 1080}, Area{0, 0, 1920, 1080}, Area{0, 0, 0, 0}, Area{9, 9, -1, kMost}})
         view.outputs.push_back({QStringLiteral("twin"), {}, frame, frame, {kMost, 1, kMost, 1}});
+    view.cards.push_back({view.name, 0, {{true, 0}, {false, 9}}});
     for (const Area &mosaic : {Area{}, Area{0, 0, 1920, 1080}, Area{kLeast, kLeast, 2 * kMost, 2 * kMost}}) {
         view.mosaic = mosaic;
         const Drawing drawing = pictureOf(view);

@@ -3,6 +3,7 @@
 #include "command.h"
 
 #include <quorixbizmodel/common/enumtools.h>
+#include <quorixbizmodel/device/device.h>
 
 #include <QStringList>
 
@@ -101,6 +102,10 @@ QString layerText(const s_ScreenLayerId &id) {
     const QString kind =
         id.layerType == ownLayerKind(id.screenType) ? QString() : layerKindText(id.layerType) + QLatin1Char(':');
     return QStringLiteral("%1/%2/%3%4").arg(screenText(id), sceneText(id.sceneType), kind).arg(id.layerId);
+}
+
+QString cardText(Quorix::BizModel::Device &device, int slotId) {
+    return QStringLiteral("%1 in slot %2").arg(device.subCardDescription(slotId, device.mvrEnabled())).arg(slotId);
 }
 
 QString sourceText(const s_LayerSourceGeneral &source) {

@@ -11,6 +11,10 @@
 
 #include <QString>
 
+namespace Quorix::BizModel {
+class Device;
+}
+
 namespace quorixctl {
 
 QString screenText(const Quorix::ProtoModel::s_ScreenId &id);
@@ -20,6 +24,8 @@ QString sceneText(int scene);
 /// The kind of a layer by its name here.
 QString layerKindText(int kind);
 
+/// "Out2 in slot 13".
+QString cardText(Quorix::BizModel::Device &device, int slotId);
 QString sourceText(const Quorix::ProtoModel::Layer::s_LayerSourceGeneral &source);
 
 // These throw UsageError, with what is wrong, for a text that is no such address.

@@ -85,9 +85,7 @@ QString outputNames(const QList<std::weak_ptr<Output>> &outputs) {
 }
 
 void printCard(QTextStream &out, Device &device, const Screen &screen, const ResourceExplanation::Card &card) {
-    out << '\n'
-        << device.subCardDescription(card.slotId, device.mvrEnabled()) << " in slot " << card.slotId << ": "
-        << card.units() << " of " << card.limit << " units";
+    out << '\n' << cardText(device, card.slotId) << ": " << card.units() << " of " << card.limit << " units";
     if (card.limit < card.budget)
         out << " (the card has " << card.budget << ", another of the screen fewer)";
     out << (card.fits() ? "\n" : ": too many\n");
