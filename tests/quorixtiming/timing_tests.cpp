@@ -145,8 +145,7 @@ TEST(ModeTables, GiveRowsInOneForm) {
     row.en_res_idx = RES_1600X1200;
     ASSERT_TRUE(GetVideoTiming(1280, 720, 50, &row));
     EXPECT_EQ(row.en_res_idx, RES_1600X1200) << "the second table has no such index";
-    EXPECT_THAT((std::array{row.h_freq, row.v_freq, row.h_start, row.v_start}),
-                testing::ElementsAre(375, 500, 260, 25));
+    EXPECT_TRUE(row.h_freq == 375 && row.v_freq == 500 && row.h_start == 260 && row.v_start == 25);
     EXPECT_FALSE(GetDmtTiming(1280, 720, 500, &row) || GetDmtTiming(1920, 1080, 595, &row));
     EXPECT_EQ(row.h_total, 1980) << "untouched by failures";
     ASSERT_TRUE(GetDmtTiming(1920, 1080, 604, &row));
