@@ -1,8 +1,6 @@
 /// The event stream's own shape: which signals the hub has, with which arguments, and that each may be queued.
 #include <support/builders.h>
 
-#include <gmock/gmock.h>
-
 #include <QMetaMethod>
 #include <QSet>
 
@@ -24,9 +22,8 @@ TEST(HubSignals, AreTheOnesOfTheListAndCanBeQueued) {
         for (int k = 0; k < method.parameterCount(); ++k)
             EXPECT_NE(method.parameterType(k), QMetaType::UnknownType) << method.methodSignature().constData();
     }
-    EXPECT_EQ(signatures.size(), 176);
-    EXPECT_EQ(names.size(), 176);
-    const auto listed = readLines(QStringLiteral(QUORIX_TEST_DIR "/signals.txt"));
+    EXPECT_TRUE(signatures.size() == 176 && names.size() == 176);
+    const auto listed = readLines(QUORIX_TEST_DIR "/signals.txt");
     const QSet<QString> expected(listed.begin(), listed.end());
     EXPECT_EQ((signatures - expected).values().join('\n').toStdString(), "");
     EXPECT_EQ((expected - signatures).values().join('\n').toStdString(), "");
@@ -38,8 +35,7 @@ TEST(HubSignals, DeviceSignalsCanBeQueuedToo) {
     int count = 0;
     for (int i = meta.methodOffset(); i < meta.methodCount(); ++i, ++count)
         for (int k = 0; k < meta.method(i).parameterCount(); ++k)
-            EXPECT_NE(meta.method(i).parameterType(k), QMetaType::UnknownType)
-                << meta.method(i).methodSignature().constData();
+            EXPECT_NE(meta.method(i).parameterType(k), QMetaType::UnknownType) << meta.method(i).name().data();
     EXPECT_EQ(count, 54 + 5); // relayed, and without a relay
 }
 
