@@ -68,6 +68,7 @@ TEST(Picture, EachKindOfScreenHasItsScene) {
         {{"--screen", "aux:0"}, "PGM 2 of 4"},
         {{"--screen", "aux:0"}, "Confidence-PGM \u00B7 3840 \u00D7 1080"},
         {{"--screen", "mvr:0"}, "Stage Blend-PGM"},
+        {{"--screen", "mvr:0"}, "grid of the multiviewer"},
         {{"--screen", "regular:0", "--scene", "pgm"}, "PGM  programme"},
         {{"--screen", "mvr:0", "--scene", "pvw"}, "PVW  preview"},
     };
@@ -75,30 +76,6 @@ TEST(Picture, EachKindOfScreenHasItsScene) {
         EXPECT_EQ(run(QStringList{"draw", report("alder-max.json"), "-o", svg} + row.options).code, 0);
         EXPECT_TRUE(textsOf(contentOf(svg).toStdString()).contains(QString::fromUtf8(row.text))) << row.text;
     }
-}
-
-TEST(Picture, SaysWhatIsWrong) {
-    const QString alder = report("alder.json");
-    const struct {
-        QStringList line;
-        int code;
-        const char *reason;
-    } rows[] = {
-        {{"draw", alder}, 2, "draw wants -o FILE.svg or -o FILE.png, not ''"},
-        {{"draw", alder, "-o", "wall.jpg"}, 2, "not 'wall.jpg'"},
-        {{"draw", alder, alder, "-o", "wall.svg"}, 2, "draw takes: REPORT"},
-        {{"draw", alder, "--screen", "0", "-o", "wall.svg"}, 2, "'0' is no screen: wanted KIND:ID"},
-        {{"draw", alder, "--scene", "live", "-o", "wall.svg"}, 2, "'live' is no scene"},
-        {{"draw", alder, "--screen", "aux:9", "-o", "wall.svg"}, 1, "the report has no screen aux:9"},
-        {{"draw", "missing.json", "-o", "wall.svg"}, 1, "missing.json: "},
-        {{"draw", alder, "-o", "/missing/wall.svg"}, 1, "/missing/wall.svg: "},
-    };
-    for (const auto &row : rows) {
-        const Outcome outcome = run(row.line);
-        EXPECT_EQ(outcome.code, row.code) << outcome.err;
-        EXPECT_TRUE(outcome.err.contains(QLatin1String(row.reason))) << outcome.err;
-    }
-    EXPECT_FALSE(QFile::exists(QStringLiteral("wall.svg")));
 }
 
 TEST(Picture, NoReportBreaksIt) {

@@ -137,9 +137,7 @@ void runCheck(const Invocation &call) {
     const ReportDocument report = readReport(call.arguments[0]);
     const HubSession session(call);
     const auto device = feed(report, call.out);
-    const auto screen = device->findScreen(screenId.screenType, static_cast<uint8_t>(screenId.screenId)).lock();
-    if (screen == nullptr)
-        throw Failure(QStringLiteral("there is no screen %1").arg(screenText(screenId)));
+    const auto screen = screenOf(*device, screenId);
     if (!hasAnyBit(screenId.screenType,
                    maskOf(Enum::Screen::ScreenType::RegularScreen, Enum::Screen::ScreenType::AUXScreen)))
         throw Failure(QStringLiteral("cards are checked for regular and AUX screens alone"));

@@ -3,9 +3,11 @@
 #include "../address.h"
 
 #include <quorixbizmodel/common/enumtools.h>
+#include <quorixbizmodel/common/helper.h>
 #include <quorixbizmodel/device/device.h>
 #include <quorixbizmodel/layers/layer.h>
 #include <quorixbizmodel/resources/resourcecheck.h>
+#include <quorixbizmodel/screens/mvrscreen.h>
 #include <quorixbizmodel/screens/screenkinds.h>
 #include <quorixbizmodel/topology/output.h>
 
@@ -133,6 +135,10 @@ QStringList factsOf(const Screen &screen, const ScreenView &view) {
     };
     QStringList facts{QStringLiteral("grid %1 \u00D7 %2").arg(columns).arg(rows), count(view.outputs.size(), "output"),
                       count(view.layers.size(), "layer")};
+    if (const auto *multiviewer = dynamic_cast<const MVRScreen *>(&screen))
+        facts << QStringLiteral("cells %1 \u00D7 %2")
+                     .arg(multiviewer->rowColSpan().width())
+                     .arg(multiviewer->rowColSpan().height());
     if (screen.physicalEnable())
         facts << QStringLiteral("physical %1 \u00D7 %2")
                      .arg(screen.physicalQSize().width())
@@ -228,6 +234,9 @@ ScreenView viewOf(const std::shared_ptr<Device> &device, const std::shared_ptr<S
         view.mosaic = view.mosaic.united(view.outputs.back().interest);
     }
     view.size = sizeText(view.mosaic);
+    if (const auto *multiviewer = dynamic_cast<const MVRScreen *>(screen.get()))
+        for (const QRect &cell : multiviewer->gridCellRects())
+            view.cells.push_back(areaOf(Helper::qRect2SRect(cell)));
     for (const auto &reference : screen->layers(scene))
         if (const auto layer = reference.lock())
             view.layers.push_back(viewOf(*layer));

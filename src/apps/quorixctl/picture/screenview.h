@@ -74,6 +74,7 @@ struct ScreenView {
     QStringList facts; ///< in words
     Area mosaic;
     std::vector<OutputView> outputs;
+    std::vector<Area> cells;       ///< of the grid of a multiviewer
     std::vector<LayerView> layers; ///< from the lowest to the highest
     std::vector<CardView> cards;   ///< with both scenes of a regular screen, the drawn one of an AUX screen
 };
