@@ -204,7 +204,7 @@ TEST_F(StoreFaults, SaysWhyAndLeavesTheRest) {
         faults.place = reason == EROFS ? 1 : 3; // the folder; the write
         faults.reason = reason;
         EXPECT_TRUE(Serailizer(root, faults).serailize());
-        EXPECT_EQ(MessageLog::take(), QStringList("debug: Device [ \"old\" ] serialize error,reason:  \"%1\""_q.arg(
+        EXPECT_EQ(MessageLog::take(), QStringList("debug: Device [ \"old\" ] serailize error,reason:  \"%1\""_q.arg(
                                           qt_error_string(reason))));
         EXPECT_EQ(filesUnder(root).size(), 3) << "the other one is stored, the first keeps its folder";
         DeviceList::instance()->remove(DeviceList::instance()->findDeviceByName("other"_q).lock());

@@ -122,7 +122,7 @@ TEST_F(SaveThread, SavesOnTheCallersThread) {
     MessageLog::take();
     saver->saveDevicesInfor(std::weak_ptr<Device>());
     EXPECT_THAT(MessageLog::take(),
-                ElementsAre("warning: Serailizer device is null."_q, "warning: Fail to serialize model data."_q));
+                ElementsAre("warning: Serailizer device is null."_q, "warning: Fail to serailize model data."_q));
     EXPECT_EQ(readLines(counter).value(0), "xxx"_q);
     EXPECT_FALSE(saver->isRunning());
 }

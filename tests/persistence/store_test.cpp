@@ -112,7 +112,7 @@ TEST_F(Store, TakesNoPathFromADevice) {
         serailizer.serailize();
         EXPECT_FALSE(serailizer.serailizeDevice(device));
         EXPECT_THAT(MessageLog::take().join('\n').toStdString(),
-                    testing::HasSubstr("debug: Device [ \"A\" ] serialize error,reason: "));
+                    testing::HasSubstr("debug: Device [ \"A\" ] serailize error,reason: "));
     }
     QDir(root).removeRecursively();
     EXPECT_EQ(filesUnder(folder.path()), before);
