@@ -4,7 +4,7 @@
 
 #include <quorixbizmodel/common/enumtools.h>
 #include <quorixbizmodel/layers/layerkinds.h>
-#include <quorixbizmodel/resources/resourcecheck.h>
+#include <quorixbizmodel/resources/resourcescheck.h>
 #include <quorixbizmodel/resources/resourceexplanation.h>
 #include <screens/wall.h>
 
