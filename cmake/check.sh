@@ -27,6 +27,15 @@ awk -v c="$code" -v t="$tests" 'BEGIN {
 step "documents"
 cmake/check-words.sh
 
+step "sample files and their schemas"
+validate() { xmllint --noout --nonet --schema "docs/schemas/$1.xsd" "${@:2}"; }
+validate device_capabilities data/devices/*.xml
+validate device_timeouts data/devices/timeout/*.xml
+validate interface_capabilities data/QuorixInterfaceCfg.xml
+validate layer_layouts data/layouts/layers/layout.xml
+validate screen_layouts data/layouts/screens/layout.xml
+validate mvr_layouts data/layouts/mvr/layout.xml
+
 step "static analysis"
 cmake/tidy.sh
 

@@ -5,7 +5,7 @@
 #include <quorixbizmodel/common/enumtools.h>
 #include <quorixbizmodel/common/helper.h>
 #include <quorixbizmodel/layers/layerkinds.h>
-#include <quorixbizmodel/resources/resourcecheck.h>
+#include <quorixbizmodel/resources/resourcescheck.h>
 #include <quorixbizmodel/resources/resourceexplanation.h>
 #include <screens/wall.h>
 
