@@ -5,8 +5,8 @@
 #include <quorixbizmodel/common/enumtools.h>
 #include <quorixbizmodel/common/helper.h>
 #include <quorixbizmodel/layers/layerkinds.h>
-#include <quorixbizmodel/resources/resourcescheck.h>
 #include <quorixbizmodel/resources/resourceexplanation.h>
+#include <quorixbizmodel/resources/resourcescheck.h>
 #include <screens/wall.h>
 
 namespace Quorix::Tests {
