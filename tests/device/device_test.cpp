@@ -165,8 +165,8 @@ TEST_F(DeviceCore, MayBeFedFromAnotherThread) {
         }
     };
     runBeside(feed, [this] {
-        const QString texts = device->ipMacSn() + device->preIPMacSn() + device->mainControlVersion();
-        EXPECT_FALSE(device->deviceInfo().isEmpty() || texts.isEmpty());
+        EXPECT_FALSE(
+            (device->deviceInfo() + device->ipMacSn() + device->preIPMacSn() + device->mainControlVersion()).isEmpty());
         EXPECT_TRUE(device->modelId() == 29958 && !device->isTaking() &&
                     device->outputMapping().testPattern.bright == 2);
     });
