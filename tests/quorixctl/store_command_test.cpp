@@ -19,6 +19,12 @@ TEST(StoreCommand, StoresAndLoadsBack) {
     EXPECT_EQ(loaded.code, 0) << loaded.err << loaded.out;
     EXPECT_EQ(loaded.out.toStdString(), stored.out.toStdString() + "stored, loaded back, identical\n");
 
+    // An edited one takes the place of the one before.
+    const Outcome edited = run(QStringList{"edit", report("birch-mini.json"), "z-order regular:0/pvw/0 77"} + where);
+    EXPECT_EQ(edited.code, 0) << edited.err;
+    EXPECT_TRUE(edited.out.contains("Foyer"));
+    EXPECT_TRUE(run(QStringList{"load", "--verify"} + where).out.endsWith("stored, loaded back, identical\n"));
+
     // A store of one device leaves the other alone; a bad document doesn't end a load.
     const QDir devices(folder.filePath("devices"));
     const QStringList names = devices.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
@@ -35,13 +41,16 @@ TEST(StoreCommand, StoresAndLoadsBack) {
 }
 
 TEST(StoreCommand, SaysWhyNot) {
+    const QTemporaryDir nothing;
     const struct {
         QStringList line;
         int code;
         const char *out, *err;
     } rows[] = {
         {{"store", report("birch-mini.json")}, 2, "", "--root DIR"},
+        {{"load", "--root", ""}, 2, "", "--root DIR"},
         {{"load", "--root", "/nowhere"}, 1, "", "/nowhere: no such folder"},
+        {{"load", "--verify", "--root", nothing.path()}, 1, "nothing is stored", "problems: 1"},
         {{"store", report("birch-mini.json"), "--root", "/dev/null/x"}, 1, "Not a directory", "problems: 1"},
     };
     for (const auto &row : rows) {
