@@ -57,7 +57,7 @@ private:
 };
 
 QString rootOf(const Invocation &call) {
-    const QString root = call.options.value(QStringLiteral("root"));
+    QString root = call.options.value(QStringLiteral("root"));
     if (root.isEmpty())
         throw UsageError(QStringLiteral("which folder? --root DIR"));
     return root;
