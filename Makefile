@@ -4,7 +4,7 @@
 # The font is for names in Chinese, as pictures of screens show them.
 PACKAGES := g++ cmake ninja-build pkg-config qtbase5-dev librapidxml-dev libgtest-dev libgmock-dev fonts-droid-fallback
 BENCH_PACKAGES := libbenchmark-dev rapidjson-dev libsimdjson-dev nlohmann-json3-dev libxcvt-dev
-CHECK_PACKAGES := clang clang-tidy clang-format libclang-rt-14-dev edid-decode qttools5-dev-tools
+CHECK_PACKAGES := clang clang-tidy clang-format libclang-rt-14-dev edid-decode libxml2-utils qttools5-dev-tools
 SUDO := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
 JOBS ?= $(shell nproc)
 export QT_QPA_PLATFORM ?= offscreen
@@ -44,7 +44,7 @@ check: check-deps
 	cmake/check.sh
 
 tidy: check-deps
-	TIDY_BASE=all cmake/tidy.sh
+	TIDY_BASE=all TIDY_DEEP=1 cmake/tidy.sh
 
 clean:
 	rm -rf build

@@ -7,8 +7,8 @@ list=$(dirname "$0")/exported-symbols.txt
 current=$(mktemp)
 trap 'rm -f "$current"' EXIT
 nm -D --defined-only --demangle "$library" | sed -E 's/^[0-9a-f]+ //' |
-    grep -E '^[TDBRV] |^W (typeinfo|vtable)' | grep -vE ' (std::|Qt|QList|QVector|QMap|non-virtual thunk)' |
-    grep -E '(Quorix|ajson|ResT|edid_|vert_refresh|Get[DV]|XVidC|g_|ObjectSignalLocker)' | sort -u >"$current"
+    grep -E '^[TDBRV] |^W (typeinfo|vtable)' | grep -vE '^. (std::|Qt|QList|QVector|QMap|non-virtual thunk)' |
+    grep -E '(Quorix|ImageStorager|ajson|ResT|edid_|vert_refresh|Get[DV]|XVidC|g_|ObjectSignalLocker)' | sort -u >"$current"
 if [ "${2:-}" = --update ]; then
     cp "$current" "$list"
 else

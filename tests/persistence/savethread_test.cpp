@@ -125,7 +125,7 @@ TEST_F(SaveThread, SavesOnTheCallersThread) {
     MessageLog::take();
     hubs->saveDevicesInfor(std::weak_ptr<Device>());
     EXPECT_THAT(MessageLog::take(), testing::ElementsAre("warning: Serailizer device is null."_q,
-                                                         "warning: Fail to serialize model data."_q));
+                                                         "warning: Fail to serailize model data."_q));
     EXPECT_EQ(syncs(), "xxx"_q);
     EXPECT_FALSE(hubs->isRunning());
 }

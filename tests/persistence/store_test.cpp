@@ -114,7 +114,7 @@ TEST_F(Store, TakesNoPathFromADevice) {
         EXPECT_TRUE(store.serailize());
         EXPECT_FALSE(store.serailizeDevice(device));
         EXPECT_THAT(MessageLog::take().join('\n').toStdString(),
-                    testing::HasSubstr("debug: Device [ \"A\" ] serialize error,reason: "));
+                    testing::HasSubstr("debug: Device [ \"A\" ] serailize error,reason: "));
     }
     QDir::setCurrent(working);
     QDir(root).removeRecursively();

@@ -19,6 +19,9 @@ TEST(StoreCommand, StoresAndLoadsBack) {
     EXPECT_EQ(loaded.code, 0) << loaded.err << loaded.out;
     EXPECT_EQ(loaded.out.toStdString(), stored.out.toStdString() + "stored, loaded back, identical\n");
 
+    ASSERT_TRUE(QDir(folder.path()).mkdir("none"));
+    EXPECT_EQ(run({"load", "--verify", "--root", folder.filePath("none")}).code, 1) << "nothing to be identical with";
+
     // An edited one takes the place of the one before.
     const Outcome edited = run(QStringList{"edit", report("birch-mini.json"), "z-order regular:0/pvw/0 77"} + where);
     EXPECT_EQ(edited.code, 0) << edited.err;
@@ -38,26 +41,6 @@ TEST(StoreCommand, StoresAndLoadsBack) {
     EXPECT_TRUE(partly.out.contains("msg:object key must be string") && partly.out.contains("json file is empty"));
     EXPECT_TRUE(partly.out.contains(devices.filePath(names.last()))) << partly.out;
     EXPECT_TRUE(partly.err.contains("problems: 2")) << partly.err;
-}
-
-TEST(StoreCommand, SaysWhyNot) {
-    const QTemporaryDir nothing;
-    const struct {
-        QStringList line;
-        int code;
-        const char *out, *err;
-    } rows[] = {
-        {{"store", report("birch-mini.json")}, 2, "", "--root DIR"},
-        {{"load", "--root", ""}, 2, "", "--root DIR"},
-        {{"load", "--root", "/nowhere"}, 1, "", "/nowhere: no such folder"},
-        {{"load", "--verify", "--root", nothing.path()}, 1, "nothing is stored", "problems: 1"},
-        {{"store", report("birch-mini.json"), "--root", "/dev/null/x"}, 1, "Not a directory", "problems: 1"},
-    };
-    for (const auto &row : rows) {
-        const Outcome outcome = run(row.line);
-        EXPECT_EQ(outcome.code, row.code) << outcome.err;
-        EXPECT_TRUE(outcome.out.contains(row.out) && outcome.err.contains(row.err)) << outcome.out << outcome.err;
-    }
 }
 
 } // namespace

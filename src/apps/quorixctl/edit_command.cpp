@@ -237,7 +237,7 @@ void runEdit(const Invocation &call) {
     if (isKept)
         session.keepPictures(call);
     const auto device = feed(document, call.out);
-    const HubListener listener([&](const HubEvent &event) { call.out << jsonLine(event) << '\n'; });
+    const HubListener listener(call.out);
     for (const Edit &edit : edits) {
         call.out << "> " << edit.text << '\n';
         apply(edit, device);

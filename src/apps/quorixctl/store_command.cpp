@@ -46,7 +46,7 @@ public:
 
 private:
     static void keep(QtMsgType type, const QMessageLogContext &context, const QString &text) {
-        if (type == QtWarningMsg || text.contains(QLatin1String("serialize error")))
+        if (type == QtWarningMsg || text.contains(QLatin1String("serailize error")))
             s_lines << text;
         else if (type != QtDebugMsg)
             s_before(type, context, text);

@@ -28,8 +28,8 @@
 #include <quorixbizmodel/persistence/fileoperations.h>
 #include <quorixbizmodel/persistence/savedevicedatathread.h>
 #include <quorixbizmodel/persistence/serailizer.h>
-#include <quorixbizmodel/resources/resourcecheck.h>
 #include <quorixbizmodel/resources/resourceexplanation.h>
+#include <quorixbizmodel/resources/resourcescheck.h>
 #include <quorixbizmodel/screens/mvrscreen.h>
 #include <quorixbizmodel/screens/screen.h>
 #include <quorixbizmodel/screens/screenkinds.h>

@@ -303,4 +303,10 @@ enum class UpdateType : std::int32_t { None = 0, PVW = 1, PGM = 2, Preset = 4 };
 
 } // namespace Quorix::BizModel::Enum
 
+namespace Quorix::BizModel {
+
+using EnumSourceType = Enum::Layer::SourceType;
+
+} // namespace Quorix::BizModel
+
 #endif

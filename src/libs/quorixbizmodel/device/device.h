@@ -351,7 +351,7 @@ public:
     /// The first free place on the diagonal of the user's canvas.
     QPoint nextScreenLayoutPos();
     /// What the screens @p screenType show of a source; @p layerType doesn't narrow it.
-    QList<std::weak_ptr<Layer>> layersBySource(uint32_t sourceId, Enum::Layer::SourceType souceType, int screenType,
+    QList<std::weak_ptr<Layer>> layersBySource(uint32_t sourceId, EnumSourceType souceType, int screenType,
                                                int layerType);
     /// The records of the cards that carry a screen's outputs, in the order of the outputs.
     QList<ProtoModel::Device::s_subcardBody> protoSubcards(const std::weak_ptr<Screen> &screen);
@@ -408,8 +408,8 @@ public:
     QList<std::weak_ptr<Output>> outputsBySameConnectorType(Enum::Interface::ConnectorType type);
     std::weak_ptr<Output> firstUnsedOutput(Enum::Interface::InterfaceType type);
     std::weak_ptr<Screen> findScreenOfUseOutput(const std::weak_ptr<Output> &wOutput);
-    bool isSourceUsedByRegulerLayer(const uint32_t &id, Enum::Layer::SourceType type);
-    bool isSourceUsedByAux(const uint32_t &id, Enum::Layer::SourceType type);
+    bool isSourceUsedByRegulerLayer(const uint32_t &id, EnumSourceType type);
+    bool isSourceUsedByAux(const uint32_t &id, EnumSourceType type);
     /// The regular screens with a layer of that source.
     QList<std::weak_ptr<Screen>> findScreensUsedBKG(Enum::Layer::SourceType type, uint32_t id);
     /// Active inputs first, then by packed id; entries that have gone come last.
@@ -496,7 +496,7 @@ public:
     /// Compares with case.
     bool containsPreset(const QString &name);
     /// Whether a layer of a preset shows a source.
-    bool isSourceUsedByPreset(const uint32_t &id, Enum::Layer::SourceType type);
+    bool isSourceUsedByPreset(const uint32_t &id, EnumSourceType type);
     /// Whether the selected regular and AUX screens can be saved as a preset. @param strOperTips begins @p errMsg
     bool editPresetValidityCheck(const QString &strOperTips, QString &errMsg);
 

@@ -138,7 +138,7 @@ public:
     [[nodiscard]] QPoint pos() const;
     [[nodiscard]] QRect windowRect() const;
     /// @param isChangeRatio let the stored ratio follow, unless it is locked; also for an equal rectangle
-    void setWindowRect(const QRect &rect, const QString &senderName, bool isChangeRatio);
+    void setWindowRect(const QRect &rect, const QString &senderName, bool isChangeRatio = true);
     /// Width divided by height.
     [[nodiscard]] double widthHeightRatio() const;
     void setWindowWHRatio(double ratio);

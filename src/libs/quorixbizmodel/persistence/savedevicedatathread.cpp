@@ -16,7 +16,7 @@ namespace {
 template <class... Device>
 void save(const QString &path, const Device &...device) {
     if (!Serailizer(path).serailize(device...))
-        qWarning() << "Fail to serialize model data.";
+        qWarning() << "Fail to serailize model data.";
     // What other programs have written with the model goes to the disk, too; what comes of it isn't looked at.
     std::ignore = std::system("sync");
 }

@@ -95,7 +95,7 @@ bool Serailizer::storeDevice(const std::weak_ptr<Device> &reference, Others othe
     const QString id = device->ipMacSn();
     FolderWriter folder(m_operations, m_strFileDir, id);
     const auto failed = [&folder](const char *what, const QString &name) {
-        qDebug() << what << name << "] serialize error,reason: " << folder.errorString();
+        qDebug() << what << name << "] serailize error,reason: " << folder.errorString();
         return false;
     };
     const auto write = [&folder](const QString &name, const DocumentText &text) {

@@ -1,4 +1,4 @@
-#include <quorixbizmodel/resources/resourcecheck.h>
+#include <quorixbizmodel/resources/resourcescheck.h>
 
 #include "accounting_p.h"
 

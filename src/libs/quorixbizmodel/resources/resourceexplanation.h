@@ -2,7 +2,7 @@
 #ifndef QUORIXBIZMODEL_RESOURCEEXPLANATION_H
 #define QUORIXBIZMODEL_RESOURCEEXPLANATION_H
 
-#include <quorixbizmodel/resources/resourcecheck.h>
+#include <quorixbizmodel/resources/resourcescheck.h>
 
 #include <vector>
 

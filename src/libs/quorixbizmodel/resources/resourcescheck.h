@@ -1,6 +1,6 @@
 /// Whether the cards of a device can carry its layers.
-#ifndef QUORIXBIZMODEL_RESOURCECHECK_H
-#define QUORIXBIZMODEL_RESOURCECHECK_H
+#ifndef QUORIXBIZMODEL_RESOURCESCHECK_H
+#define QUORIXBIZMODEL_RESOURCESCHECK_H
 
 #include <quorix_export.h>
 #include <quorixbizmodel/common/modelreferences.h>
