@@ -44,7 +44,7 @@ check: check-deps
 	cmake/check.sh
 
 tidy: check-deps
-	TIDY_BASE=all cmake/tidy.sh
+	TIDY_BASE=all TIDY_DEEP=1 cmake/tidy.sh
 
 clean:
 	rm -rf build

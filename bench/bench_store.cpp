@@ -2,7 +2,6 @@
 /// cost at least, and what an edit waits while a save runs.
 #include "large_device.h"
 
-#include <quorixbizmodel/files/preset.h>
 #include <quorixbizmodel/hub/devicelist.h>
 #include <quorixbizmodel/layers/layer.h>
 #include <quorixbizmodel/persistence/documents_p.h>
@@ -38,9 +37,6 @@ using namespace Quorix::BizModel;
 using Clock = std::chrono::steady_clock;
 
 constexpr int kDevices = 8;
-constexpr int kPresets = 200;
-/// Screens that a preset covers, and so a quarter of the layers of a scene.
-constexpr int kScreensOfPreset = Bench::kRegularScreens / 4;
 
 double milliseconds(Clock::duration time) { return std::chrono::duration<double, std::milli>(time).count(); }
 
@@ -57,22 +53,10 @@ std::shared_ptr<Device> largeDevice(int number) {
     return device;
 }
 
-void addPresets(Device &device) {
-    for (int id = 0; id < kPresets; ++id) {
-        const auto preset = std::static_pointer_cast<Preset>(device.createFile(Enum::File::FileType::PresetPVW));
-        preset->setFileId(static_cast<uint8_t>(id));
-        device.addPreset(preset);
-        std::vector<ProtoModel::s_ScreenId> screens;
-        for (int i = 0; i < kScreensOfPreset; ++i)
-            screens.push_back({.screenId = static_cast<uint8_t>((id + i) % Bench::kRegularScreens), .screenType = 2});
-        preset->setScreens(screens, Enum::File::FileType::PresetPVW);
-    }
-}
-
 void fillHub() {
     for (int number = 0; number < kDevices; ++number) {
         const auto device = largeDevice(number);
-        addPresets(*device);
+        Bench::addPresets(*device);
         DeviceList::instance()->append(device);
     }
 }

@@ -5,6 +5,7 @@
 #include <quorixbizmodel/capability/deviceconfigmanager.h>
 #include <quorixbizmodel/capability/interfaceconfig.h>
 #include <quorixbizmodel/device/device.h>
+#include <quorixbizmodel/files/preset.h>
 #include <quorixprotomodel/layer.h>
 #include <quorixprotomodel/screen.h>
 
@@ -12,6 +13,7 @@
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 namespace Quorix::Bench {
 
@@ -22,6 +24,9 @@ inline constexpr int kRegularScreens = 20;
 inline constexpr int kAuxScreens = 4;
 /// Layers of a scene over all regular screens.
 inline constexpr int kLayers = 64;
+inline constexpr int kPresets = 200;
+/// Screens that a preset covers, and so a quarter of the layers of a scene.
+inline constexpr int kScreensOfPreset = kRegularScreens / 4;
 
 inline void readCapabilities() {
     QString error;
@@ -143,6 +148,20 @@ private:
         layers.push_back(record);
     }
 };
+
+inline void addPresets(BizModel::Device &device) {
+    using BizModel::Enum::File::FileType;
+    for (int id = 0; id < kPresets; ++id) {
+        const auto preset =
+            std::static_pointer_cast<BizModel::Preset>(BizModel::Device::createFile(FileType::PresetPVW));
+        preset->setFileId(static_cast<std::uint8_t>(id));
+        device.addPreset(preset);
+        std::vector<ProtoModel::s_ScreenId> screens;
+        for (int i = 0; i < kScreensOfPreset; ++i)
+            screens.push_back({.screenId = static_cast<std::uint8_t>((id + i) % kRegularScreens), .screenType = 2});
+        preset->setScreens(screens, FileType::PresetPVW);
+    }
+}
 
 } // namespace Quorix::Bench
 

@@ -39,7 +39,7 @@ validate mvr_layouts data/layouts/mvr/layout.xml
 step "static analysis"
 cmake/tidy.sh
 
-step "sanitizers: address and undefined behaviour"
+step "sanitizers: address and undefined behaviour (clang, with the fuzz targets)"
 cmake --preset asan >/dev/null
 cmake --build --preset asan -j "$jobs" -- --quiet
 ctest --preset asan -j "$jobs"
@@ -51,22 +51,20 @@ ctest --preset tsan -j "$jobs"
 
 step "edits beside the saver, and stores that are killed"
 QUORIX_STRESS_SECONDS=${STRESS_SECONDS:-60} TSAN_OPTIONS=suppressions=tests/support/tsan.supp \
-    build/tsan/bin/persistence_tests --gtest_brief=1 --gtest_filter='*GoesOnBesideEdits'
+    build/tsan/bin/persistence_tests --gtest_brief=1 --gtest_filter='*GoesOnBesideEdits' &
+stress=$!
 QUORIX_KILL_SECONDS=${STRESS_SECONDS:-60} \
     build/asan/bin/persistence_tests --gtest_brief=1 --gtest_filter='*MayBeKilledAtAnyMoment'
+wait $stress
 
 step "fuzzing"
-cmake --preset fuzz >/dev/null
-cmake --build --preset fuzz --target fuzzers -j "$jobs" -- --quiet
-for target in build/fuzz/bin/fuzz_*; do
-    name=${target##*/fuzz_}
-    work=build/fuzz/corpus/$name
+# Leak detection stays on; findings are written beside the working corpus and end the run.
+find build/asan/bin -name 'fuzz_*' | sort | xargs -P "$jobs" -I{} sh -ec '
+    name=${1##*/fuzz_}
+    work=build/asan/corpus/$name
     mkdir -p "$work"
-    echo "-- $name"
-    # Leak detection stays on; findings are written beside the working corpus and end the run.
-    "$target" -max_total_time="${FUZZ_SECONDS:-20}" -rss_limit_mb=2048 -timeout=20 -print_final_stats=0 -verbosity=0 \
-        -artifact_prefix="$work/finding-" "$work" "tests/fuzz/corpus/$name"
-done
+    "$1" -max_total_time="${FUZZ_SECONDS:-20}" -rss_limit_mb=2048 -timeout=20 -print_final_stats=0 -verbosity=0 \
+        -artifact_prefix="$work/finding-" "$work" "tests/fuzz/corpus/$name" || { echo "-- $name"; exit 255; }' fuzz {}
 
 step "exported symbols"
 cmake --preset default >/dev/null

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Writes the sample reports in reports/: a small chassis, a studio and a full rack. Every run gives the same files."""
+"""Writes the sample reports in reports/: small chassis, studios and a full rack. Every run gives the same files."""
 import sys
 
 sys.dont_write_bytecode = True                  # leave no cache beside the data
@@ -151,21 +151,70 @@ def alder_max():
     report.backup(((0, 0), (0, 1)), ((4, 0), (4, 1)), ((6, 0), (6, 1)))
     report.preset(1, [wall])
     report.preset(2, [stage, side, banner], scene=PGM)
-    parts = ("Sources", "CutFill", "Flip", "Border", "Mask", "Rect", "Pos", "Color", "InputCrop", "NoSourceLayer",
-             "NoSourceLayerColor")
-    applied = {f"bLayer{part}Body": int(part in ("Border", "Mask", "Rect")) for part in parts}
-    for identity, key in ((1, side + (4, REGULAR, PVW)), (2, wall + (8, REGULAR, PVW))):
-        report.file(18, identity, f"User Key00{identity}", {
-            "layerFullDetail": report.layers[key], "cutLayerFullDetail": report.layers[side + (4, CUT, PVW)],
-            "name": f"User Key00{identity}", "userKeyId": identity, "userKeyColor": identity, **applied})
-    shown = [{"screenId": screen, "screenType": kind} for kind, screen in (wall, side)]
-    loaded = {"lastPVWPreset": 1, "lastPGMPreset": 2, "pvwScn": shown, "pgmScn": shown}
-    buttons = [{"modelId": key, "modelType": 1, "buttonId": key, "buttonColor": key % 4} for key in range(1, 9)]
-    report.file(12, 0, "Keypad", {"presetInfo": loaded, "keypadArray": buttons})
+    cut = side + (4, CUT, PVW)
+    report.user_key(1, side + (4, REGULAR, PVW), cut).user_key(2, wall + (8, REGULAR, PVW), cut)
+    report.keypad([wall, side], pvw=1, pgm=2, keys=8)
     report.write("alder-max")
+
+
+def larch():
+    report = Report(29958, "Rehearsal", "192.168.0.9", 0x01020000, 0x000C05)
+    # The card in the multiviewer's slot is an output card still.
+    report.card(0, 30529).card(1, 30530, g0=(UHD, 0)).card(2, 30529).card(3, 30528)
+    report.card(4, 30464).card(5, 30465, idle=(0,)).card(6, 30474).card(7, 30469, g0=(UHD, 0))
+    wall = report.screen("Screen 1", [(0, port) for port in range(4)], columns=2, splice=4, selected=1)
+    stage = report.screen("Screen 2", [(1, 0)], columns=1, splice=4)
+    for scene in (PGM, PVW):
+        for cell, picture in zip(tiles((0, 0, 3840, 2160), 2, 2), inputs((4, 0), (4, 2), (5, 0), (6, 0))):
+            report.layer(wall, scene, picture, cell)
+        report.layer(stage, scene, (FROM_INPUT, (7, 0)))
+    report.layer(wall, PVW, (FROM_INPUT, (5, 0)), (1280, 720, 1280, 720), cutFill=BOUND)
+    report.layer(wall, PVW, (FROM_INPUT, (5, 2)), (1280, 720, 1280, 720), kind=CUT, cutFill=BOUND)
+    # The ports beside those on the wall stand by.
+    report.backup(((4, 0), (4, 1)), ((4, 2), (4, 3)), ((5, 0), (5, 1)))
+    report.preset(1, [wall, stage])
+    cut = wall + (4, CUT, PVW)
+    for identity in (1, 2, 3):
+        report.user_key(identity, wall + (identity, REGULAR, PVW), cut)
+    report.keypad([wall], pvw=1, pgm=1, keys=4)
+    report.write("larch", sparsely=True)
+
+
+def hazel():
+    # Of the studios' group, but under the control of another station.
+    report = Report(29960, "Control Room", "192.168.0.101", 0x02010000, 0x000D02, master=201)
+    report.card(0, 30464).card(1, 30465).card(2, 30466).card(3, 30469, g0=(UHD, 0)).card(8, 30529).card(9, 30529)
+    report.card(14, 30535, mvr=True).card(15, 30528, mvr=True)
+    report.detail["groupInfos"] = [{"groupName": "Studios", "groupId": "1"}]
+    report.detail["genlock"] = {"type": 2, "interfaceId": packed(2, 3)}
+    wall = report.screen("Programme", [(8, port) for port in range(4)], columns=2, selected=1)
+    desk = report.screen("Desk", [(9, 0), (9, 1)], columns=2)
+    host = report.screen("AuxScreen 1", [(14, 1)], columns=1, kind=AUX_SCREEN)
+    director = report.screen("MVR 1", [(14, 0)], columns=1, kind=MVR_SCREEN)
+    engineer = report.screen("MVR 2", [(15, 0)], columns=1, kind=MVR_SCREEN)
+    for scene in (PGM, PVW):
+        for cell, picture in zip(tiles((0, 0, 3840, 2160), 2, 2), inputs((3, 0), (0, 0), (0, 1), (1, 0))):
+            report.layer(wall, scene, picture, cell)
+        report.layer(desk, scene, (FROM_INPUT, (2, 0)))
+    report.layer(host, PGM, (FROM_PGM, 0), kind=AUX)
+    # On the default grid of 6 by 6: both scenes over 3 by 3 cells each, three inputs over 2 by 2 each, and four in a
+    # cell each; two cells stay free.
+    cells = tiles((0, 0, 1920, 1080), 6, 6)
+    label = {"index": 0, "enable": 1, "color": {"foregroundColor": rgb(178, 178, 178, opacity=100),
+                                                "backgroundColor": rgb(0, 0, 0, opacity=100)}}
+    pictures = [((FROM_PVW, 0), (0, 0, 960, 540)), ((FROM_PGM, 0), (960, 0, 960, 540))]
+    pictures += zip(inputs((3, 0), (0, 0), (0, 1)), tiles((0, 540, 1920, 360), 3, 1))
+    pictures += zip(inputs((1, 0), (1, 1), (2, 0), (2, 1)), cells[30:])
+    for picture, cell in pictures:
+        report.layer(director, PGM, picture, cell, kind=MVR, border=border(0, 2, (48, 107, 178)), UMD=[label])
+    report.layer(engineer, PGM, (FROM_PGM, desk[1]), (0, 0, 1920, 540), kind=MVR, border=border(0, 2, (192, 36, 37)))
+    report.backup(((0, 0), (0, 2)), ((1, 0), (1, 2)))
+    report.write("hazel", sparsely=True)
 
 
 if __name__ == "__main__":
     birch_mini()
     alder()
     alder_max()
+    larch()
+    hazel()

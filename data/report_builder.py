@@ -163,17 +163,19 @@ USUAL = LAYER_LOOK | {"colorRanges": {"actualColorRange": 0, "presetColorRange":
 class Report:
     """One chassis, filled step by step; every step checks what it refers to."""
 
-    def __init__(self, model, name, address, version, serial):
+    def __init__(self, model, name, address, version, serial, master=200):
+        """master: the last byte of the address of the station that controls the chassis; ours has 200."""
         self.chassis, self.model = CHASSIS[model], model
         self.subcards, self.interfaces, self.screens, self.layers = {}, {}, {}, {}
         self.files, self.contents = [], {}
         mac = [0x02, 0x1A, 0x5C] + list(serial.to_bytes(3, "big"))
         net = [int(part) for part in address.split(".")]
-        operator = {"ip4": 200, "ip3": net[2], "ip2": net[1], "ip1": net[0], "ClinentControlAllowed": 1}
+        stations = [{"ip4": station, "ip3": net[2], "ip2": net[1], "ip1": net[0],
+                     "ClinentControlAllowed": int(station == master)} for station in sorted({200, master})]
         self.base = {
             "ProbePort": 3800, "ModelId": model, "SN": list(serial.to_bytes(8, "big")), "MAC": mac,
             "MainControlVersion": version, "UDPProtocolVersion": 2, "ProtocolVersion": 3, "RemoteCtrlPort": 3801,
-            "MaxDataLengthPerPacket": 1400, "DeviceName": name, "ClientIps": [operator], "IsQuorix": 1,
+            "MaxDataLengthPerPacket": 1400, "DeviceName": name, "ClientIps": stations, "IsQuorix": 1,
             "RemoteIp": address, "LocalIp": f"{net[0]}.{net[1]}.{net[2]}.200", "LocalCtrlPort": 50100}
         network = {"index": 0, "MAC": bytes(mac).hex().upper(), "dhcp": 0, "ip": address, "subnetMask": "255.255.255.0",
                    "gateway": f"{net[0]}.{net[1]}.{net[2]}.1"}
@@ -370,6 +372,25 @@ class Report:
         layers = [layer for key, layer in self.layers.items() if key[:2] in screens and key[4] == scene]
         self.file(6, identity, name,
                   {"presetId": identity, "name": name, "startTime": 0, "screens": shown, "layers": layers})
+
+    def user_key(self, identity, layer, cut):
+        """A user key with looks of a layer and of a cut layer, both by key."""
+        parts = ("Sources", "CutFill", "Flip", "Border", "Mask", "Rect", "Pos", "Color", "InputCrop", "NoSourceLayer",
+                 "NoSourceLayerColor")
+        applied = {f"bLayer{part}Body": int(part in ("Border", "Mask", "Rect")) for part in parts}
+        name = f"User Key{identity:03}"
+        self.file(18, identity, name, {
+            "layerFullDetail": self.layers[layer], "cutLayerFullDetail": self.layers[cut], "name": name,
+            "userKeyId": identity, "userKeyColor": identity, **applied})
+        return self
+
+    def keypad(self, screens, pvw, pgm, keys):
+        """The keypad: the presets that were loaded last, on which screens, and the colours of its keys."""
+        shown = [{"screenId": screen, "screenType": kind} for kind, screen in screens]
+        loaded = {"lastPVWPreset": pvw, "lastPGMPreset": pgm, "pvwScn": shown, "pgmScn": shown}
+        buttons = [{"modelId": key, "modelType": 1, "buttonId": key, "buttonColor": key % 4}
+                   for key in range(1, keys + 1)]
+        self.file(12, 0, "Keypad", {"presetInfo": loaded, "keypadArray": buttons})
 
     def backup(self, *pairs):
         """Hot-backup pairs of inputs of one capacity, the first one in force."""

@@ -32,9 +32,7 @@ struct Many {
 QUORIX_AJSON(Many, a, b, c, d, e, f, g, h, i, j, k, l, m, n, o, p, q, r, s, t, u, v, w, x, y, z)
 
 TEST(Writer, Values) {
-    const struct {
-        std::string got, wanted;
-    } rows[] = {
+    const std::pair<std::string, std::string> rows[] = {
         {ajson::encode(0.5), "0.5"},
         {ajson::encode(3.0), "3"},
         {ajson::encode(0.1F), "0.10000000149011612"},
@@ -56,8 +54,8 @@ TEST(Writer, Values) {
          R"({"address":[0,16,255,1,2,3],"points":[0,{"x":0,"y":-1}],"low":-9223372036854775808})"},
         {ajson::encode(Guarded{}), R"({"m_level":3})"},
     };
-    for (const auto &row : rows)
-        EXPECT_EQ(row.got, row.wanted) << &row - rows;
+    for (const auto &[got, wanted] : rows)
+        EXPECT_EQ(got, wanted);
 }
 
 TEST(Writer, NamesOfMembers) {
@@ -75,8 +73,7 @@ TEST(Writer, AllMembersComeBack) {
     ajson::reader rd(text.data(), text.size());
     rd.next();
     ajson::json_impl<Many>::read(rd, other);
-    EXPECT_EQ(other, Many{});
-    EXPECT_EQ(rd.peek().type, ajson::token::t_end);
+    EXPECT_TRUE(other == Many{} && rd.peek().type == ajson::token::t_end);
 }
 
 /// Counts what a stream takes at once.
@@ -120,7 +117,9 @@ TEST(Reader, TakesNoMemoryButTheValues) {
 
 } // namespace
 
-// Out of line, so that the compiler doesn't pair them with the library's own.
+// Out of line, so that the compiler doesn't pair them with the library's own. Sanitizers bring theirs and count
+// nothing.
+#ifndef QUORIX_SANITIZED
 [[gnu::noinline]] void *operator new(std::size_t size) {
     ++heapBlocks;
     if (void *block = std::malloc(size))
@@ -129,3 +128,4 @@ TEST(Reader, TakesNoMemoryButTheValues) {
 }
 [[gnu::noinline]] void operator delete(void *block) noexcept { std::free(block); }
 [[gnu::noinline]] void operator delete(void *block, std::size_t) noexcept { std::free(block); }
+#endif

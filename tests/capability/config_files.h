@@ -1,21 +1,27 @@
-/// Small capability files for the tests of this room, and a log of what the library says.
+/// Small capability files for the tests of this room.
 #ifndef CAPABILITY_TESTS_CONFIG_FILES_H
 #define CAPABILITY_TESTS_CONFIG_FILES_H
 
-#include <QByteArray>
-#include <QDir>
-#include <QFile>
-#include <QStringList>
-#include <QTemporaryDir>
-#include <QtGlobal>
+#include <support/builders.h>
 
-#include <gmock/gmock.h>
+#include <QDir>
+#include <QTemporaryDir>
+
+using namespace Quorix::BizModel;
+using Quorix::Tests::MessageLog;
+using testing::ElementsAre;
 
 /// A copy of @p text with the first @p from replaced; a test that edits nothing is a mistake.
 inline QByteArray edited(QByteArray text, const QByteArray &from, const QByteArray &to) {
     const int at = text.indexOf(from);
     EXPECT_GE(at, 0) << from.constData();
     return at < 0 ? text : text.replace(at, from.size(), to);
+}
+
+/// The text of a file of this room.
+inline QByteArray sampleFile(const QString &name) {
+    QFile file(QString(QUORIX_TEST_DIR "/%1.xml").arg(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll().trimmed() : QByteArray();
 }
 
 /// A folder of files that lives as long as the test.
@@ -32,22 +38,6 @@ public:
 
 private:
     QTemporaryDir m_dir;
-};
-
-/// Takes the library's log lines for the time of a test, each with the first letter of its level in front.
-class LogCapture {
-public:
-    LogCapture() { s_lines.clear(), m_previous = qInstallMessageHandler(&take); }
-    ~LogCapture() { qInstallMessageHandler(m_previous); }
-    Q_DISABLE_COPY_MOVE(LogCapture)
-    static QStringList lines() { return s_lines; }
-
-private:
-    static void take(QtMsgType type, const QMessageLogContext &, const QString &text) {
-        s_lines.append(QString(QLatin1Char("DWCFI"[type])) + QLatin1Char(' ') + text);
-    }
-    inline static QStringList s_lines;
-    QtMessageHandler m_previous = nullptr;
 };
 
 #endif

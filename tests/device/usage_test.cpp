@@ -4,14 +4,6 @@
 
 namespace Quorix::Tests {
 
-namespace {
-
-QString operator""_q(const char *text, std::size_t size) { return QString::fromUtf8(text, static_cast<int>(size)); }
-
-constexpr uint32_t kInput = 65536;
-
-} // namespace
-
 /// Beside the wall a regular screen "other" with id 5 and a multiviewer "mvr" with id 0.
 struct Usage : Layers {
     std::shared_ptr<RegularScreen> other;
@@ -19,99 +11,91 @@ struct Usage : Layers {
 
     void SetUp() override {
         Layers::SetUp();
-        other = addedScreen<RegularScreen>("other"_q, 5);
-        mvr = addedScreen<MVRScreen>("mvr"_q);
+        other = addedScreen<RegularScreen>("other", 5);
+        mvr = addedScreen<MVRScreen>("mvr");
         log.take();
         MessageLog::take();
     }
 
-    /// The text of a question, which is empty as long as nothing is used.
-    static QString text(const std::function<bool(QString &)> &ask) {
+    /// The text of a question about use, which is empty as long as there is none.
+    template <class... Parameter, class... Argument>
+    QString users(bool (Device::*question)(Parameter...), const Argument &...arguments) {
         QString info;
-        const bool isUsed = ask(info);
+        const bool isUsed = (device.get()->*question)(arguments..., info);
         EXPECT_EQ(isUsed, !info.isEmpty()) << info.toStdString();
         return info;
     }
 };
 
 TEST_F(Usage, OfInputsNamesScreensOnceAndTheGenlock) {
+    const uint32_t id = input->interfaceId();
     layer->setSource(sourceOf(*input));
-    addedLayer(*other, LayerType::Regular, SceneType::PGM, SourceType::Input, kInput);
-    addedLayer(*mvr, LayerType::MVR, SceneType::PGM, SourceType::Input, kInput);
-    other->setName("regular"_q);
-    device->setGenlockInfo({.type = 2, .interfaceId = kInput});
+    addedLayer(*other, LayerType::Regular, SceneType::PGM, SourceType::Input, id);
+    addedLayer(*mvr, LayerType::MVR, SceneType::PGM, SourceType::Input, id);
+    other->setName("regular");
+    device->setGenlockInfo({.type = 2, .interfaceId = id});
     QString info;
-    for (int time = 0; time < 2; ++time) {
-        EXPECT_TRUE(device->isInputUsed(kInput, info));
-        EXPECT_EQ(info, "regular,mvr,genlock"_q);
+    for (const uint32_t asked : {id, id, second->interfaceId()}) { // the last one by what stands there
+        EXPECT_TRUE(device->isInputUsed(asked, info));
+        EXPECT_EQ(info, "regular,mvr,genlock");
     }
-    EXPECT_TRUE(device->isInputUsed(second->interfaceId(), info)); // by what stood there
-    EXPECT_EQ(info, "regular,mvr,genlock"_q);
 
     // An output stands where the second input does, and is in use.
     QString error;
     ASSERT_TRUE(device->addInterface(detailOf(1, 1, 4), error));
     ASSERT_TRUE(regular->addOutput(device->findOutput(1, 1), {3840, 0}, false));
-    const auto busy = [&](uint8_t slot, uint8_t port) {
-        return text([&](QString &users) { return device->isInterfaceBusy(slot, port, users); });
-    };
+    MessageLog::take();
+    const auto busy = [&](uint8_t slot, uint8_t port) { return users(&Device::isInterfaceBusy, slot, port); };
     const auto withPort = [&](uint8_t slot, uint8_t port) {
-        return text([&](QString &users) { return device->isInputOrRelatedCapacityInputUsed(slot, port, 2, users); });
+        return users(&Device::isInputOrRelatedCapacityInputUsed, slot, port, 2);
     };
     const auto withGroup = [&](uint8_t slot, int group) {
-        return text([&](QString &users) { return device->isInputOrRelatedTypeInputUsed(slot, group, 0, 2, users); });
+        return users(&Device::isInputOrRelatedTypeInputUsed, slot, group, uint8_t{0}, 2);
     };
-    MessageLog::take();
-    EXPECT_THAT((QStringList{busy(1, 0), busy(1, 1), busy(6, 0), busy(9, 9)}),
-                ElementsAre(info, ""_q, "regular"_q, ""_q));
-    EXPECT_THAT((QStringList{withPort(1, 1), withPort(1, 2), withPort(9, 0)}), ElementsAre(info, ""_q, ""_q));
-    EXPECT_THAT((QStringList{withGroup(1, 0), withGroup(1, 1), withGroup(4, 0)}), ElementsAre(info, ""_q, ""_q));
-    EXPECT_THAT(MessageLog::take(),
-                ElementsAre("warning: Update subcard mode has failed. The subcard pos is invalid."_q,
-                            "warning: Not find slot: 4"_q));
+    EXPECT_THAT((QStringList{busy(1, 0), busy(1, 1), busy(6, 0), busy(9, 9)}), ElementsAre(info, "", "regular", ""));
+    EXPECT_THAT((QStringList{withPort(1, 1), withPort(1, 2), withPort(9, 0)}), ElementsAre(info, "", ""));
+    EXPECT_THAT((QStringList{withGroup(1, 0), withGroup(1, 1), withGroup(4, 0)}), ElementsAre(info, "", ""));
+    EXPECT_THAT(MessageLog::take(), ElementsAre("warning: Update subcard mode has failed. The subcard pos is invalid.",
+                                                "warning: Not find slot: 4"));
 }
 
 TEST_F(Usage, OfOutputsNamesTheKindsOfScreen) {
     place(*aux, {0, 2});
     ASSERT_TRUE(mvr->addOutput(outputs[0], {}, false) && mvr->addOutput(outputs[3], {1920, 0}, false));
-    const struct {
-        const char *users;
-        std::shared_ptr<Screen> first;
-    } rows[] = {{"regular,AUX,MVR", regular}, {"regular", regular}, {"AUX", aux}, {"MVR", mvr}, {"", nullptr}};
+    const std::pair<const char *, std::shared_ptr<Screen>> rows[] = {
+        {"regular,AUX,MVR", regular}, {"regular", regular}, {"AUX", aux}, {"MVR", mvr}, {"", nullptr}};
     for (std::size_t i = 0; i < std::size(rows); ++i) {
         const auto id = outputs[i]->interfaceFullId();
-        EXPECT_EQ(text([&](QString &info) { return device->isOutputUsed(id, info); }),
-                  QString::fromLatin1(rows[i].users));
-        EXPECT_EQ(device->isOutputUsed(id.id()), rows[i].first != nullptr);
-        EXPECT_EQ(device->findScreenOfUseOutput(outputs[i]).lock(), rows[i].first);
+        QString info = "so far ";
+        EXPECT_EQ(device->isOutputUsed(id, info), rows[i].second != nullptr);
+        EXPECT_EQ(info, QLatin1String("so far ") + rows[i].first);
+        EXPECT_EQ(device->isOutputUsedByScreen(id, info), i < 2);
+        EXPECT_EQ(info, i < 2 ? QString("regular") : QLatin1String("so far ") + rows[i].first);
+        EXPECT_EQ(device->isOutputUsed(id.id()), rows[i].second != nullptr);
+        EXPECT_EQ(device->findScreenOfUseOutput(outputs[i]).lock(), rows[i].second);
     }
-    QString info = "so far "_q;
-    EXPECT_TRUE(device->isOutputUsed(outputs[0]->interfaceFullId(), info));
-    EXPECT_FALSE(device->isOutputUsedByScreen(outputs[2]->interfaceFullId(), info));
-    EXPECT_EQ(info, "so far regular,AUX,MVR"_q);
-    EXPECT_TRUE(device->isOutputUsedByScreen(outputs[1]->interfaceFullId(), info));
-    EXPECT_EQ(info, "regular"_q);
 }
 
 TEST_F(Usage, OfScreensIsAskedBeforeTheyAreEmptied) {
-    const auto opening = "This operation will empty the relevant "_q, closing = ",Do you want to continue?"_q;
+    const auto question = [](const char *contents) {
+        return QStringLiteral("This operation will empty the relevant %1,Do you want to continue?").arg(contents);
+    };
     EXPECT_TRUE(device->clearScreenContentsTip(other).isNull() && device->clearScreenContentsTip({}).isEmpty());
-    const auto onAux = addedLayer(*aux, LayerType::AUX, SceneType::PGM, SourceType::PVW, 5);
-    EXPECT_EQ(device->clearScreenContentsTip(other), opening + "AUX Layer"_q + closing);
-    EXPECT_EQ(device->clearScreenContentsTip(aux), opening + "AUX Layer"_q + closing);
+    addedLayer(*aux, LayerType::AUX, SceneType::PGM, SourceType::PVW, 5);
+    EXPECT_EQ(device->clearScreenContentsTip(other), question("AUX Layer"));
+    EXPECT_EQ(device->clearScreenContentsTip(aux), question("AUX Layer"));
     EXPECT_TRUE(device->isScreenUsedInLayer(other) && !device->isScreenUsedInMvr(other));
     addedLayer(*mvr, LayerType::MVR, SceneType::PGM, SourceType::PGM, 5);
     addedLayer(*other, LayerType::BKG, SceneType::PVW, SourceType::BKG, 7);
-    EXPECT_EQ(device->clearScreenContentsTip(other), opening + "Layer,MVR,AUX Layer"_q + closing);
+    EXPECT_EQ(device->clearScreenContentsTip(other), question("Layer,MVR,AUX Layer"));
     EXPECT_FALSE(device->isScreenUsedInLayer(regular) || device->isScreenUsedInLayer({}));
     MessageLog::take();
     EXPECT_TRUE(device->clearScreenContentsTip(mvr).isNull());
-    EXPECT_THAT(MessageLog::take(), ElementsAre("warning: Invalid screen type: 8"_q));
+    EXPECT_THAT(MessageLog::take(), ElementsAre("warning: Invalid screen type: 8"));
 
     log.take();
     device->clearScreenContents(other);
-    EXPECT_THAT(log.take(), IsEmpty());
-    EXPECT_TRUE(other->layers(6, 126).isEmpty() && device->isScreenUsedInAux(other));
+    EXPECT_TRUE(log.take().isEmpty() && other->layers(6, 126).isEmpty() && device->isScreenUsedInAux(other));
 }
 
 TEST_F(Usage, IsFoundByCardAndSource) {
@@ -123,10 +107,9 @@ TEST_F(Usage, IsFoundByCardAndSource) {
 
     for (const auto &screen : {std::shared_ptr<Screen>(other), std::shared_ptr<Screen>(aux)})
         addedLayer(*screen, LayerType::BKG, SceneType::PGM, SourceType::BKG, 7);
-    const auto users = device->findScreensUsedBKG(SourceType::BKG, 7);
-    EXPECT_TRUE(users.size() == 1 && users[0].lock() == other);
-    EXPECT_FALSE(device->isSourceUsedByRegulerLayer(263, SourceType::BKG) ||
-                 device->isSourceUsedByMVR(7, SourceType::BKG));
+    const auto shown = device->findScreensUsedBKG(SourceType::BKG, 7);
+    EXPECT_TRUE(shown.size() == 1 && shown[0].lock() == other && !device->isSourceUsedByMVR(7, SourceType::BKG) &&
+                !device->isSourceUsedByRegulerLayer(263, SourceType::BKG));
     device->removeAllLyaerBySource(7, SourceType::BKG);
     EXPECT_TRUE(device->isSourceUsedByAux(7, SourceType::BKG) &&
                 !device->isSourceUsedByRegulerLayer(7, SourceType::BKG));

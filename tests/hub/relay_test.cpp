@@ -1,99 +1,57 @@
-/// What the objects inside a device join their signals with, and the mechanisms beside it.
+/// Relays of the objects inside a device, played by those of a layer, and the mechanisms beside them.
 #include <quorixbizmodel/common/lists.h>
 #include <quorixbizmodel/common/modelchangedlocker.h>
-#include <quorixbizmodel/hub/relay.h>
+#include <quorixbizmodel/layers/layerkinds.h>
+#include <quorixbizmodel/screens/screenkinds.h>
 #include <support/builders.h>
-#include <support/eventlog.h>
-
-#include <gmock/gmock.h>
-
-#include <thread>
 
 namespace Quorix::Tests {
 
 using namespace BizModel;
 using testing::ElementsAre;
-using testing::IsEmpty;
-
-/// Plays a layer: its signals have the arguments of some of a layer's.
-class Source : public QObject {
-    Q_OBJECT
-
-public:
-    void createConnects(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen) {
-        const Relay join(this, m_relays, device, screen, std::weak_ptr<Layer>(m_layer));
-        join(&Source::signalNameChanged, &DeviceList::signalLayerNameChanged);
-        join(&Source::signalCropChanged, &DeviceList::signalLayerCropChanged);
-        join(&Source::signalRectChanged, &DeviceList::signalWindowRectChanged);
-        join.call(&Source::signalLockChanged, [](const auto &...owners) {
-            Q_EMIT DeviceList::instance()->signalWindowWHRatioLockedStateChanged(owners..., QString());
-        });
-    }
-    std::shared_ptr<Layer> m_layer = standIn<Layer>();
-
-Q_SIGNALS:
-    void signalNameChanged();
-    void signalCropChanged(const QString &sender);
-    void signalRectChanged(const QRect &before, const QRect &after);
-    void signalLockChanged();
-
-private:
-    RelaySet m_relays;
-};
 
 struct Relays : testing::Test {
     HubScope scope;
     std::shared_ptr<Device> device = appendedDevice();
-    std::shared_ptr<Screen> screen = standIn<Screen>();
-    std::unique_ptr<Source> source = std::make_unique<Source>();
+    std::shared_ptr<RegularScreen> screen = std::make_shared<RegularScreen>();
+    std::shared_ptr<Layer> layer = std::make_shared<RegularLayer>();
     EventLog log{DeviceList::instance()};
 
     void SetUp() override {
-        log.name(device.get(), QStringLiteral("device"));
-        log.name(screen.get(), QStringLiteral("screen"));
-        log.name(source->m_layer.get(), QStringLiteral("layer"));
-        source->createConnects(device, screen);
+        join(*screen, "screen");
+        log.name(device.get(), "device");
+        log.name(layer.get(), "layer");
+    }
+    void join(Screen &owner, const QString &name) {
+        owner.setOwerDevice(device);
+        log.name(&owner, name);
+        layer->createConnects(owner.shared_from_this());
     }
 };
 
-TEST_F(Relays, PutTheOwnersInFront) {
-    Q_EMIT source->signalNameChanged();
-    Q_EMIT source->signalCropChanged(QStringLiteral("panel"));
-    Q_EMIT source->signalRectChanged({0, 0, 64, 64}, {1, 2, 3, 4});
-    Q_EMIT source->signalLockChanged();
-    EXPECT_THAT(log.take(),
-                ElementsAre(QStringLiteral("signalLayerNameChanged(device, screen, layer)"),
-                            QStringLiteral("signalLayerCropChanged(device, screen, layer, \"panel\")"),
-                            QStringLiteral("signalWindowRectChanged(device, screen, layer, 64x64+0+0, 3x4+1+2)"),
-                            QStringLiteral("signalWindowWHRatioLockedStateChanged(device, screen, layer, \"\")")));
-}
-
 TEST_F(Relays, AreJoinedOnceAndRenewedForAnotherOwner) {
-    source->createConnects(device, screen);
-    Q_EMIT source->signalNameChanged();
-    const auto other = standIn<Screen>();
-    log.name(other.get(), QStringLiteral("other"));
-    source->createConnects(device, other);
-    Q_EMIT source->signalNameChanged();
-    EXPECT_THAT(log.take(), ElementsAre(QStringLiteral("signalLayerNameChanged(device, screen, layer)"),
-                                        QStringLiteral("signalLayerNameChanged(device, other, layer)")));
+    join(*screen, "screen");
+    layer->setName("a");
+    const auto other = std::make_shared<RegularScreen>();
+    join(*other, "other");
+    layer->setName("b");
+    EXPECT_THAT(log.take(), ElementsAre("signalLayerNameChanged(device, screen, layer)",
+                                        "signalLayerNameChanged(device, other, layer)"));
 }
 
 TEST_F(Relays, KeepNobodyAlive) {
-    EXPECT_EQ(screen.use_count(), 1);
-    EXPECT_EQ(source->m_layer.use_count(), 1);
+    EXPECT_TRUE(screen.use_count() == 1 && layer.use_count() == 1);
     screen.reset();
-    Q_EMIT source->signalNameChanged();
-    EXPECT_THAT(log.take(), ElementsAre(QStringLiteral("signalLayerNameChanged(device, null, layer)")));
+    layer->setName("a");
+    EXPECT_THAT(log.take(), ElementsAre("signalLayerNameChanged(device, null, layer)"));
 }
 
 TEST_F(Relays, RunOnTheEmittingThread) {
-    QObject listener;
     std::thread::id heardOn;
     QObject::connect(
-        DeviceList::instance(), &DeviceList::signalLayerNameChanged, &listener,
+        DeviceList::instance(), &DeviceList::signalLayerNameChanged, &log,
         [&] { heardOn = std::this_thread::get_id(); }, Qt::DirectConnection);
-    std::thread emitter([&] { Q_EMIT source->signalNameChanged(); });
+    std::thread emitter([&] { layer->setName("a"); });
     const auto emitterId = emitter.get_id();
     emitter.join();
     EXPECT_EQ(heardOn, emitterId);
@@ -101,35 +59,31 @@ TEST_F(Relays, RunOnTheEmittingThread) {
 
 TEST_F(Relays, AreSilentWhileTheSourceIsLocked) {
     {
-        const ObjectSignalLocker outer(source.get());
-        Q_EMIT source->signalNameChanged();
-        { const ObjectSignalLocker inner(source.get()); }
-        EXPECT_FALSE(source->signalsBlocked()); // an inner end unblocks, whatever the state was before
+        const ObjectSignalLocker outer(layer.get());
+        layer->setName("a");
+        { const ObjectSignalLocker inner(layer.get()); }
+        EXPECT_FALSE(layer->signalsBlocked()); // an inner end unblocks, whatever the state was before
     }
-    EXPECT_THAT(log.take(), IsEmpty());
+    EXPECT_THAT(log.take(), testing::IsEmpty());
 }
 
 TEST(Lists, SearchTakeSortAndCount) {
-    const auto a = std::make_shared<int>(2);
-    const auto b = std::make_shared<int>(1);
-    const auto c = std::make_shared<int>(2);
+    const auto a = std::make_shared<int>(2), b = std::make_shared<int>(1), c = std::make_shared<int>(2);
     std::vector<std::shared_ptr<int>> list{a, nullptr, b, c};
     QReadWriteLock lock;
     EXPECT_EQ(weakReferences(lock, list).size(), 3);
-    EXPECT_EQ(findFirst(list, [](int value) { return value == 2; }), a);
-    EXPECT_EQ(findFirst(list, [](int value) { return value == 9; }), nullptr);
-    EXPECT_EQ(takePointer(lock, list, a.get()), a);
-    EXPECT_EQ(takePointer(lock, list, a.get()), nullptr);
+    for (const auto &[wanted, found] : {std::pair(2, a), {9, nullptr}})
+        EXPECT_EQ(findFirst(list, [wanted = wanted](int value) { return value == wanted; }), found);
+    for (const auto &taken : {a, std::shared_ptr<int>()})
+        EXPECT_EQ(takePointer(lock, list, a.get()), taken);
     EXPECT_EQ(takePointer(list, static_cast<int *>(nullptr)), nullptr);
     EXPECT_THAT(list, ElementsAre(nullptr, b, c));
     list = {a, c, b};
     sortByKey(list, [](const auto &entry) { return *entry; });
     EXPECT_THAT(list, ElementsAre(b, a, c));
     EXPECT_EQ(lowestFree<quint8>(0, [](int id) { return id < 3; }), 3);
-    const auto name = [](int number) { return QStringLiteral("Screen%1").arg(number); };
+    const auto name = [](int number) { return QString("Screen%1").arg(number); };
     EXPECT_EQ(firstFreeName(name, [&](const QString &taken) { return taken == name(1); }), name(2));
 }
 
 } // namespace Quorix::Tests
-
-#include "relay_test.moc"

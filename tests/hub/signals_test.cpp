@@ -1,7 +1,7 @@
 /// The event stream's own shape: a signal that is answered, and types under every spelling.
 #include <support/builders.h>
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <QMetaType>
 

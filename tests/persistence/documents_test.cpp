@@ -11,50 +11,34 @@
 #include <quorixbizmodel/topology/subcard.h>
 #include <support/report.h>
 
+#include <QRegularExpression>
+
 namespace {
 
 using namespace Quorix::BizModel;
 using namespace Quorix::Tests;
 using Enum::File::FileType;
-using testing::HasSubstr;
 
-/// The members of an object, or the elements of an array without keys, each with its text.
-QList<QPair<QString, QByteArray>> membersOf(const QByteArray &text) {
-    QList<QPair<QString, QByteArray>> members;
-    int depth = 0;
-    int begin = 1;
-    QString key;
-    bool isQuoted = false;
-    for (int i = 0; i < text.size(); ++i) {
-        const char c = text[i];
-        isQuoted = isQuoted != (c == '"' && (i == 0 || text[i - 1] != '\\'));
-        if (isQuoted)
-            continue;
-        depth += c == '{' || c == '[' ? 1 : 0;
-        if (depth == 1 && c == ':') {
-            key = text.mid(begin + 1, i - begin - 2);
-            begin = i + 1;
-        } else if (depth == 1 && (c == ',' || c == '}' || c == ']')) {
-            members += {key, text.mid(begin, i - begin)};
-            begin = i + 1;
+/// The keys of the objects at each place of a document, in their order. A place is made of keys alone.
+QMap<QString, QStringList> keysOf(const QByteArray &text) {
+    static const QRegularExpression tokens(R"re("(\w+)":|"(?:\\.|[^"\\])*"|[][{}])re"_q);
+    QMap<QString, QStringList> keys;
+    QStringList places;
+    QString next;
+    for (auto match = tokens.globalMatch(QString::fromLatin1(text)); match.hasNext();) {
+        const auto token = match.next();
+        const QString key = token.captured(1);
+        if (token.captured() == "{" || token.captured() == "[") {
+            places.append(next);
+        } else if (token.captured() == "}" || token.captured() == "]") {
+            next = places.takeLast();
+        } else if (!key.isEmpty()) {
+            next = places.last() + (places.last().isEmpty() ? "" : "/") + key;
+            if (!keys[places.last()].contains(key))
+                keys[places.last()] += key;
         }
-        depth -= c == '}' || c == ']' ? 1 : 0;
     }
-    return members;
-}
-
-/// The value at a place, such as "m_subcards/0/m_connectors".
-QByteArray at(QByteArray text, const char *path) {
-    for (const QString &step : QString::fromLatin1(path).split('/', Qt::SkipEmptyParts)) {
-        const auto members = membersOf(text);
-        bool isNumber = false;
-        const int number = step.toInt(&isNumber);
-        text.clear();
-        for (int i = 0; i < members.size(); ++i)
-            if (isNumber ? i == number : members[i].first == step)
-                text = members[i].second;
-    }
-    return text;
+    return keys;
 }
 
 struct Documents : StoreTest {
@@ -76,18 +60,16 @@ struct Documents : StoreTest {
             device->addPreset(preset);
             preset->setScreens({{0, 2}}, FileType::PresetPGM);
         }
-        if (device->screens(8).isEmpty()) {
-            const auto mvr = std::make_shared<MVRScreen>();
-            mvr->setRowColSpan({3, 5});
-            device->appendScreen(mvr);
-        }
-        for (const auto &screen : device->screens(30))
+        const auto mvr = std::make_shared<MVRScreen>();
+        mvr->setRowColSpan({3, 5});
+        device->appendScreen(mvr);
+        for (const auto &screen : device->screens(30)) {
             for (const auto type : {2, 4, 8, 16, 32, 64})
                 screen.lock()->addLayer(newLayer(type));
-        // A load finds the name of a ratio where there is none.
-        for (const auto &screen : device->screens(30))
+            // A load finds the name of a ratio where there is none.
             for (const auto &layer : screen.lock()->layers(6, 126))
                 layer.lock()->updateWidthHeightRatioType();
+        }
         device->inputs().front().lock()->setCropLocked(true);
         std::static_pointer_cast<Input>(device->inputs().front().lock())->setPickPoint({3, 4});
         device->outputs().front().lock()->setZorder(7);
@@ -113,58 +95,36 @@ TEST_F(Documents, HaveTheirKeysInOrder) {
     EXPECT_TRUE(std::all_of(text.begin(), text.end(), [](char c) { return c >= 32 && c < 127; }));
     const QString screen = "m_detail m_regularLayerList m_auxLayerList m_mvrLayerList m_bkgLayerList m_logoLayerList "
                            "m_iZOrder m_screenState m_lastScreenState m_curOperationTarget"_q;
-    const QString layer = "m_detail m_enumCapacity m_bWindowWHRatio m_eAspectRatioType m_bWindowWHRatioLockd "
-                          "m_dBorderWHRatio m_bBorderWHRatioLockd m_uiBorderColor"_q;
-    const QString image = "m_detail m_thumbnailHashKey m_originalImageHashKey"_q;
-    const QString interface = "m_detail m_cropLocked m_cutoutPosInfo m_bOverLoad "_q;
-    const QList<QPair<const char *, QString>> rows = {
-        {"",
-         "m_modelId m_detail m_regularScreens m_AUXScreens m_MVRSscreens m_logos m_bkgs m_umdFiles m_inputs "
-         "m_outputs m_modelId m_userKey m_keypads m_subcards m_bIsMuliScreens m_pDeviceBaseInfo m_deviceGroupInfo"_q},
-        {"m_regularScreens/0", screen},
-        {"m_AUXScreens/0", screen},
-        {"m_MVRSscreens/0", screen + " m_rowColSpan"},
-        {"m_regularScreens/0/m_regularLayerList/0", layer},
-        {"m_AUXScreens/0/m_auxLayerList/0", layer},
-        {"m_MVRSscreens/0/m_mvrLayerList/0", layer},
-        {"m_regularScreens/0/m_bkgLayerList/0", layer},
-        {"m_regularScreens/0/m_logoLayerList/0", layer},
-        {"m_logos/0", image},
-        {"m_bkgs/0", image},
-        {"m_umdFiles/0", "m_detail"_q},
-        {"m_userKey/0", "m_detail m_contents"_q},
-        {"m_keypads/0", "m_detail m_keypadInfo"_q},
-        {"m_inputs/0", interface + "m_pickUpPoint"},
-        {"m_outputs/0", interface + "m_outputZorder"},
-        {"m_subcards/0", "m_connectors m_slotId"_q},
-        {"m_subcards/0/m_connectors/0",
-         "m_cardConnectorInfo m_connectorId m_iIndex m_frameRate m_refreshRate m_overLoad"_q},
-        {"m_subcards/0/m_connectors/0/m_cardConnectorInfo",
-         "Connector Enable BackupPos Margin Signal Status PrintKeyNo Visible Step"_q},
+    const QPair<const char *, QString> rows[] = {
+        {"", "m_modelId m_detail m_regularScreens m_AUXScreens m_MVRSscreens m_logos m_bkgs m_umdFiles m_inputs "
+             "m_outputs m_userKey m_keypads m_subcards m_bIsMuliScreens m_pDeviceBaseInfo m_deviceGroupInfo"},
+        {"m_regularScreens m_AUXScreens", screen},
+        {"m_MVRSscreens", screen + " m_rowColSpan"},
+        {"m_regularScreens/m_regularLayerList m_AUXScreens/m_auxLayerList m_MVRSscreens/m_mvrLayerList "
+         "m_regularScreens/m_bkgLayerList m_regularScreens/m_logoLayerList",
+         "m_detail m_enumCapacity m_bWindowWHRatio m_eAspectRatioType m_bWindowWHRatioLockd m_dBorderWHRatio "
+         "m_bBorderWHRatioLockd m_uiBorderColor"},
+        {"m_logos m_bkgs", "m_detail m_thumbnailHashKey m_originalImageHashKey"},
+        {"m_umdFiles", "m_detail"},
+        {"m_userKey", "m_detail m_contents"},
+        {"m_keypads", "m_detail m_keypadInfo"},
+        {"m_inputs", "m_detail m_cropLocked m_cutoutPosInfo m_bOverLoad m_pickUpPoint"},
+        {"m_outputs", "m_detail m_cropLocked m_cutoutPosInfo m_bOverLoad m_outputZorder"},
+        {"m_subcards", "m_connectors m_slotId"},
+        {"m_subcards/m_connectors", "m_cardConnectorInfo m_connectorId m_iIndex m_frameRate m_refreshRate m_overLoad"},
+        {"m_subcards/m_connectors/m_cardConnectorInfo",
+         "Connector Enable BackupPos Margin Signal Status PrintKeyNo Visible Step"},
     };
-    for (const auto &[path, keys] : rows) {
-        QStringList found;
-        for (const auto &member : membersOf(at(text, path)))
-            found += member.first;
-        EXPECT_EQ(found.join(' '), keys) << path;
-    }
-    QStringList found;
-    for (const auto &member : membersOf(stored(".preset"_q)))
-        found += member.first;
-    EXPECT_EQ(found.join(' '), "m_detail m_contents"_q);
-    EXPECT_FALSE(membersOf(at(stored(".preset"_q), "m_contents/layers")).isEmpty());
-    const QList<QPair<const char *, QByteArray>> values = {
-        {"0", "29959"},
-        {"10", "29959"},
-        {"m_bIsMuliScreens", "1"},
-        {"m_inputs/0/m_cropLocked", "1"},
-        {"m_inputs/0/m_pickUpPoint", R"({"x":3,"y":4})"},
-        {"m_outputs/0/m_outputZorder", "7"},
-        {"m_deviceGroupInfo/groupName", "\"Foyer\""},
-        {"m_pDeviceBaseInfo/SN", "[0,0,0,0,0,0,0,31]"},
-    };
-    for (const auto &[path, value] : values)
-        EXPECT_EQ(at(text, path), value) << path;
+    const auto keys = keysOf(text);
+    for (const auto &[places, expected] : rows)
+        for (const QString &place : QString(places).split(' '))
+            EXPECT_EQ(keys[place].join(' '), expected) << qPrintable(place);
+    EXPECT_EQ(keysOf(stored(".preset"_q))[""].join(' '), "m_detail m_contents"_q);
+    EXPECT_TRUE(keysOf(stored(".preset"_q)).contains("m_contents/layers"_q));
+    for (const char *part : {R"({"m_modelId":29959,"m_detail":{)", R"(],"m_modelId":29959,"m_userKey":[)",
+                             R"("m_bIsMuliScreens":1,)", R"("m_cropLocked":1,)", R"("m_pickUpPoint":{"x":3,"y":4}})",
+                             R"("m_outputZorder":7})", R"("groupName":"Foyer")", R"("SN":[0,0,0,0,0,0,0,31])"})
+        EXPECT_TRUE(text.contains(part)) << part;
 }
 
 /// What is loaded is stored as the same text again, and lives.
@@ -206,31 +166,30 @@ TEST_F(Documents, BringTheModelBack) {
 }
 
 TEST_F(Documents, KeepEmptyEntries) {
-    writeFile(root + "/x/x.json",
-              R"({"m_modelId":29953,"m_regularScreens":[0,{"m_regularLayerList":[0],"m_auxLayerList":[0],)"
-              R"("m_mvrLayerList":[0],"m_bkgLayerList":[0],"m_logoLayerList":[0]}],"m_AUXScreens":[0],)"
-              R"("m_MVRSscreens":[0],"m_logos":[0],"m_bkgs":[0],"m_umdFiles":[0],"m_inputs":[0],"m_outputs":[0],)"
-              R"("m_userKey":[0],"m_keypads":[0],"m_subcards":[0,{"m_connectors":[0]}],"m_pDeviceBaseInfo":0,)"
-              R"("surplus":[{"a":[1,2]}]})");
+    const QByteArray text =
+        R"({"m_modelId":29953,"m_regularScreens":[0,{"m_regularLayerList":[0],"m_auxLayerList":[0],)"
+        R"("m_mvrLayerList":[0],"m_bkgLayerList":[0],"m_logoLayerList":[0]}],"m_AUXScreens":[0],)"
+        R"("m_MVRSscreens":[0],"m_logos":[0],"m_bkgs":[0],"m_umdFiles":[0],"m_inputs":[0],"m_outputs":[0],)"
+        R"("m_userKey":[0],"m_keypads":[0],"m_subcards":[0,{"m_connectors":[0]}],"m_pDeviceBaseInfo":0,)"
+        R"("surplus":[{"a":[1,2]}]})";
+    writeFile(root + "/x/x.json", text);
     const auto device = load();
     ASSERT_TRUE(device != nullptr);
     serailizer.serailize();
-    for (const char *path :
-         {"m_regularScreens/0", "m_regularScreens/1/m_regularLayerList/0", "m_regularScreens/1/m_auxLayerList/0",
-          "m_regularScreens/1/m_mvrLayerList/0", "m_regularScreens/1/m_bkgLayerList/0",
-          "m_regularScreens/1/m_logoLayerList/0", "m_AUXScreens/0", "m_MVRSscreens/0", "m_logos/0", "m_bkgs/0",
-          "m_umdFiles/0", "m_inputs/0", "m_outputs/0", "m_userKey/0", "m_keypads/0", "m_subcards/0",
-          "m_subcards/1/m_connectors/0", "m_pDeviceBaseInfo"})
-        EXPECT_EQ(at(stored(), path), "0") << path;
+    const QRegularExpression zeros(R"("\w+":\[?0)"_q);
+    for (auto match = zeros.globalMatch(text); match.hasNext();) {
+        const QString zero = match.next().captured();
+        EXPECT_TRUE(stored().contains(zero.toLatin1())) << qPrintable(zero);
+    }
     // Every walk passes over them.
     const auto screen = device->screens(30).front().lock();
     const auto card = device->subcards().front().lock();
     EXPECT_EQ(device->screens(30).size() + device->subcards().size() + device->interfaces().size(), 2);
-    EXPECT_TRUE(card->connectors().isEmpty() && screen->layers(6, 126).isEmpty());
-    EXPECT_FALSE(device->isOpenedMVR() || device->isOutputNameExist("a"_q) || !device->outputs(4).isEmpty() ||
-                 !device->findInput(1).expired() || !device->findInput(1, 1).expired());
+    EXPECT_TRUE(card->connectors().isEmpty() && screen->layers(6, 126).isEmpty() && device->outputs(4).isEmpty() &&
+                device->outputsBySameConnectorType({}).isEmpty() && device->firstUnsedOutput({}).expired() &&
+                device->findInput(1).expired() && device->findInput(1, 1).expired());
+    EXPECT_FALSE(device->isOpenedMVR() || device->isOutputNameExist("a"_q));
     EXPECT_EQ(device->mainControlVersion() + device->MAC(), "V0.0.0.0000000000000"_q);
-    EXPECT_TRUE(device->outputsBySameConnectorType({}).isEmpty() && device->firstUnsedOutput({}).expired());
     EXPECT_EQ(device->outputInterfaceCount(Enum::Interface::InterfaceType::AUXOutput, {}, false), 0);
     device->validInputs();
     device->createInput();

@@ -86,7 +86,7 @@ TEST(EditCommand, SaysWhatIsWrong) {
         {"move regular:0/pvw/cat:0 1,2", 2, "'cat' is no kind of layer"},
         {"move regular:0/pvw/255 1,2", 2, "'255' is no layer id: wanted 0 to 254"},
         {"opacity regular:0/pvw/0 101", 2, "'101' is no opacity in percent: wanted 0 to 100"},
-        {"source regular:0/pvw/0 input:3", 2, "'3' is no input: wanted SLOT-CONNECTOR"},
+        {"source regular:0/pvw/0 input:3", 2, "'3' is no interface: wanted SLOT-CONNECTOR"},
         {"source regular:0/pvw/0 disk:3", 2, "'disk' is no kind of source"},
         {"take aux:0", 2, "only regular screens have a preview"},
         {"take regular", 2, "'regular' is no screen"},

@@ -41,9 +41,9 @@ TEST(Picture, ShowsTheWallInBothForms) {
     ASSERT_EQ(run({"draw", report("alder-max.json"), "-o", svg}).code, 0);
     const QByteArray first = contentOf(svg);
     const QStringList texts = textsOf(first.toStdString());
-    for (const char *wanted :
-         {"Main Wall", "PVW  preview", "Output 3-3", "Output 1-4 \u00B7 1600 \u00D7 1080", "Layer 10 \u00B7 cut", "z9",
-          "Input 10-1 \u00B7 3840 \u00D7 1080", "crop 50 \u00D7 100 %", "selected", "7360"})
+    for (const char *wanted : {"Main Wall", "PVW  preview", "Output 3-3", "Output 1-4 \u00B7 1600 \u00D7 1080",
+                               "Layer 10 \u00B7 cut", "z9", "Input 10-1 \u00B7 3840 \u00D7 1080",
+                               "crop 50 \u00D7 100 %", "selected", "7360", "Out2 in slot 13", "PGM 8, PVW 20 of 16"})
         EXPECT_TRUE(texts.contains(QString::fromUtf8(wanted))) << wanted;
 
     // The same bytes, whatever the station's language.
@@ -65,8 +65,10 @@ TEST(Picture, EachKindOfScreenHasItsScene) {
         QStringList options;
         const char *text;
     } rows[] = {
+        {{"--screen", "aux:0"}, "PGM 2 of 4"},
         {{"--screen", "aux:0"}, "Confidence-PGM \u00B7 3840 \u00D7 1080"},
         {{"--screen", "mvr:0"}, "Stage Blend-PGM"},
+        {{"--screen", "mvr:0"}, "grid of the multiviewer"},
         {{"--screen", "regular:0", "--scene", "pgm"}, "PGM  programme"},
         {{"--screen", "mvr:0", "--scene", "pvw"}, "PVW  preview"},
     };
@@ -74,30 +76,6 @@ TEST(Picture, EachKindOfScreenHasItsScene) {
         EXPECT_EQ(run(QStringList{"draw", report("alder-max.json"), "-o", svg} + row.options).code, 0);
         EXPECT_TRUE(textsOf(contentOf(svg).toStdString()).contains(QString::fromUtf8(row.text))) << row.text;
     }
-}
-
-TEST(Picture, SaysWhatIsWrong) {
-    const QString alder = report("alder.json");
-    const struct {
-        QStringList line;
-        int code;
-        const char *reason;
-    } rows[] = {
-        {{"draw", alder}, 2, "draw wants -o FILE.svg or -o FILE.png, not ''"},
-        {{"draw", alder, "-o", "wall.jpg"}, 2, "not 'wall.jpg'"},
-        {{"draw", alder, alder, "-o", "wall.svg"}, 2, "draw takes: REPORT"},
-        {{"draw", alder, "--screen", "0", "-o", "wall.svg"}, 2, "'0' is no screen: wanted KIND:ID"},
-        {{"draw", alder, "--scene", "live", "-o", "wall.svg"}, 2, "'live' is no scene"},
-        {{"draw", alder, "--screen", "aux:9", "-o", "wall.svg"}, 1, "the report has no screen aux:9"},
-        {{"draw", "missing.json", "-o", "wall.svg"}, 1, "missing.json: "},
-        {{"draw", alder, "-o", "/missing/wall.svg"}, 1, "/missing/wall.svg: "},
-    };
-    for (const auto &row : rows) {
-        const Outcome outcome = run(row.line);
-        EXPECT_EQ(outcome.code, row.code) << outcome.err;
-        EXPECT_TRUE(outcome.err.contains(QLatin1String(row.reason))) << outcome.err;
-    }
-    EXPECT_FALSE(QFile::exists(QStringLiteral("wall.svg")));
 }
 
 TEST(Picture, NoReportBreaksIt) {
@@ -120,6 +98,7 @@ TEST(Picture, NoReportBreaksIt) {
             }
     for (const Area &frame : {Area{0, 0, 1920, 1080}, Area{0, 0, 1920, 1080}, Area{0, 0, 0, 0}, Area{9, 9, -1, kMost}})
         view.outputs.push_back({QStringLiteral("twin"), {}, frame, frame, {kMost, 1, kMost, 1}});
+    view.cards.push_back({view.name, 0, {{true, 0}, {false, 9}}});
     for (const Area &mosaic : {Area{}, Area{0, 0, 1920, 1080}, Area{kLeast, kLeast, 2 * kMost, 2 * kMost}}) {
         view.mosaic = mosaic;
         const Drawing drawing = pictureOf(view);

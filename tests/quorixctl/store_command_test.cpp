@@ -34,21 +34,4 @@ TEST(StoreCommand, StoresAndLoadsBack) {
     EXPECT_TRUE(partly.err.contains("problems: 2")) << partly.err;
 }
 
-TEST(StoreCommand, SaysWhyNot) {
-    const struct {
-        QStringList line;
-        int code;
-        const char *out, *err;
-    } rows[] = {
-        {{"store", report("birch-mini.json")}, 2, "", "--root DIR"},
-        {{"load", "--root", "/nowhere"}, 1, "", "/nowhere: no such folder"},
-        {{"store", report("birch-mini.json"), "--root", "/dev/null/x"}, 1, "Not a directory", "problems: 1"},
-    };
-    for (const auto &row : rows) {
-        const Outcome outcome = run(row.line);
-        EXPECT_EQ(outcome.code, row.code) << outcome.err;
-        EXPECT_TRUE(outcome.out.contains(row.out) && outcome.err.contains(row.err)) << outcome.out << outcome.err;
-    }
-}
-
 } // namespace

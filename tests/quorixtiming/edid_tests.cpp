@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <array>
 #include <fstream>
-#include <functional>
 #include <iterator>
 #include <numeric>
 #include <vector>
@@ -69,8 +68,7 @@ TEST(EdidBlock0, ReadsEachField) {
     s.edid[16] = 0;
     s.edid[21] = 160;
     EXPECT_FALSE(edid_parse_block0(s.edid, &b)) << "the checksum is off";
-    EXPECT_EQ(b.ManufactureYear, 0U) << "filled all the same; no week, no year";
-    EXPECT_EQ(b.HSize_mm, 1600U);
+    EXPECT_TRUE(b.ManufactureYear == 0U && b.HSize_mm == 1600U) << "filled all the same; no week, no year";
     s.edid[16] = 255;
     edid_parse_block0(s.edid, &b);
     EXPECT_EQ(b.ManufactureYear, 2024U) << "255 is an ordinary week";
@@ -120,24 +118,21 @@ TEST(EdidDescriptor, SnapsClocksWithinTheRanges) {
 
 TEST(EdidDescriptor, JudgesPlausibility) {
     // One field at a time of 1080p60, at its limit and beyond.
-    constexpr struct {
-        std::uint16_t cea861_dtd_t::*field;
-        std::uint16_t good, bad;
-    } LIMITS[] = {
+    constexpr std::tuple<std::uint16_t cea861_dtd_t::*, std::uint16_t, std::uint16_t> LIMITS[] = {
         {&cea861_dtd_t::HorizActivePixels, 160, 159}, {&cea861_dtd_t::HorizBlankingPixels, 89, 88},
         {&cea861_dtd_t::VertActiveLines, 120, 119},   {&cea861_dtd_t::VertBlankingLines, 6, 5},
         {&cea861_dtd_t::HorizSyncOffset, 279, 280},   {&cea861_dtd_t::HorizSyncPulseWidth, 279, 280},
         {&cea861_dtd_t::VertSyncOffset, 44, 45},      {&cea861_dtd_t::VertSyncPulseWidth, 44, 45},
     };
-    for (const auto &limit : LIMITS)
-        for (const bool good : {true, false}) {
+    for (const auto &[field, good, bad] : LIMITS)
+        for (const std::uint16_t value : {good, bad}) {
             cea861_dtd_t t;
             edid_parse_dtd(FULL_HD.data(), &t);
-            const std::uint16_t value = t.*limit.field = good ? limit.good : limit.bad;
+            t.*field = value;
             Descriptor d{};
             edid_create_dtd(&t, d.data());
-            EXPECT_EQ(edid_parse_dtd(d.data(), &t), good) << value;
-            EXPECT_EQ(t.*limit.field, value) << "filled all the same";
+            EXPECT_EQ(edid_parse_dtd(d.data(), &t), value == good) << value;
+            EXPECT_EQ(t.*field, value) << "filled all the same";
         }
     Descriptor d = FULL_HD;
     cea861_dtd_t t;
@@ -191,31 +186,21 @@ TEST(EdidModeline, SumsAndSplits) {
 }
 
 TEST(EdidModeline, DoublesFieldsAndReducesAspects) {
-    constexpr struct {
-        std::uint32_t clock;
-        std::uint16_t hActive, hBlank, vActive, vBlank;
-        bool interlaced;
-        std::uint16_t hSize, vSize;
-        unsigned vact, vtot, vfreq, x, y;
-    } ROWS[] = {
-        {148500000, 1920, 280, 1080, 45, false, 0, 0, 1080, 1125, 60, 16, 9},
-        {74250000, 1920, 280, 540, 22, true, 0, 0, 1080, 1125, 60, 16, 9},
-        {72000000, 1920, 384, 540, 85, true, 0, 0, 1080, 1250, 50, 16, 9}, // VIC 39: two equal fields
-        {72000000, 1920, 384, 540, 85, false, 0, 0, 540, 625, 50, 32, 9},
-        {85500000, 1366, 426, 768, 30, false, 0, 0, 768, 798, 59, 75, 42}, // 683 : 384, each over 9
-        {0, 720, 0, 0, 0, false, 4000, 1, 0, 0, 0, 80, 1},
-        {0, 0, 0, 0, 0, false, 300, 0, 0, 0, 0, 44, 0}, // as it stands, its low 8 bits
-        {4294967295, 65535, 65535, 65535, 65535, false, 0, 0, 65535, 65534, 0, 1, 1},
+    const std::pair<cea861_dtd_t, std::array<unsigned, 5>> ROWS[] = {
+        {{148500000, 1920, 280, 1080, 45}, {1080, 1125, 60, 16, 9}},
+        {{74250000, 1920, 280, 540, 22, 0, 0, 0, 0, 0, 0, 0, 0, true}, {1080, 1125, 60, 16, 9}},
+        {{72000000, 1920, 384, 540, 85, 0, 0, 0, 0, 0, 0, 0, 0, true},
+         {1080, 1250, 50, 16, 9}}, // VIC 39: two equal fields
+        {{72000000, 1920, 384, 540, 85}, {540, 625, 50, 32, 9}},
+        {{85500000, 1366, 426, 768, 30}, {768, 798, 59, 75, 42}}, // 683 : 384, each over 9
+        {{0, 720, 0, 0, 0, 0, 0, 0, 0, 4000, 1}, {0, 0, 0, 80, 1}},
+        {{0, 0, 0, 0, 0, 0, 0, 0, 0, 300, 0}, {0, 0, 0, 44, 0}}, // as it stands, its low 8 bits
+        {{4294967295, 65535, 65535, 65535, 65535}, {65535, 65534, 0, 1, 1}},
     };
-    for (const auto &r : ROWS) {
-        cea861_dtd_t t{r.clock, r.hActive, r.hBlank, r.vActive, r.vBlank};
-        t.HorizImageSize_mm = r.hSize;
-        t.VertImageSize_mm = r.vSize;
-        t.Interlaced = r.interlaced;
+    for (const auto &[t, expected] : ROWS) {
         digital_vid_modeline2_t w;
         edid_dtd2modeline2_convert(&t, &w);
-        EXPECT_THAT((std::array<unsigned, 5>{w.vact, w.vtot, w.vfreq, w.x, w.y}),
-                    ElementsAre(r.vact, r.vtot, r.vfreq, r.x, r.y));
+        EXPECT_EQ((std::array<unsigned, 5>{w.vact, w.vtot, w.vfreq, w.x, w.y}), expected);
     }
 }
 

@@ -6,39 +6,27 @@
 #include <cmath>
 #include <limits>
 #include <string>
-#include <string_view>
-#include <utility>
 
 namespace {
-
-using Sums = std::pair<long, long>;
 
 // Plain sums and sums weighted by the row's number from 1, over the published values: a row moved or a digit changed
 // shows in one of them.
 TEST(VideoModes, HoldThePublishedValues) {
     using T = XVidC_VideoTiming;
-    const auto sums = [](auto member) {
-        Sums sum;
-        for (long row = 1; const XVidC_VideoTimingMode &mode : XVidC_VideoTimingModes) {
-            sum.first += mode.Timing.*member;
-            sum.second += row++ * (mode.Timing.*member);
+    std::vector<long> sums;
+    for (const auto member : {&T::HActive, &T::HFrontPorch, &T::HSyncWidth, &T::HBackPorch, &T::HTotal, &T::VActive,
+                              &T::F0PVFrontPorch, &T::F0PVSyncWidth, &T::F0PVBackPorch, &T::F0PVTotal}) {
+        sums.insert(sums.end(), 2, 0);
+        for (long row = 1; const auto &mode : XVidC_VideoTimingModes) {
+            sums[sums.size() - 2] += mode.Timing.*member;
+            sums.back() += row++ * (mode.Timing.*member);
         }
-        return sum;
-    };
-    EXPECT_EQ(sums(&T::HActive), Sums(191926, 13374250));
-    EXPECT_EQ(sums(&T::HFrontPorch), Sums(17703, 1413921));
-    EXPECT_EQ(sums(&T::HSyncWidth), Sums(10652, 620979));
-    EXPECT_EQ(sums(&T::HBackPorch), Sums(20257, 1258480));
-    EXPECT_EQ(sums(&T::HTotal), Sums(240538, 16667630));
-    EXPECT_EQ(sums(&T::HSyncPolarity), Sums(75, 4561));
-    EXPECT_EQ(sums(&T::VActive), Sums(116506, 8059972));
-    EXPECT_EQ(sums(&T::F0PVFrontPorch), Sums(489, 29659));
-    EXPECT_EQ(sums(&T::F0PVSyncWidth), Sums(571, 36021));
-    EXPECT_EQ(sums(&T::F0PVBackPorch), Sums(4879, 327888));
-    EXPECT_EQ(sums(&T::F0PVTotal), Sums(122445, 8453540));
-    EXPECT_EQ(sums(&T::VSyncPolarity), Sums(73, 4588));
-    Sums rates;
-    for (long row = 1; const XVidC_VideoTimingMode &mode : XVidC_VideoTimingModes) {
+    }
+    EXPECT_THAT(sums, testing::ElementsAreArray({191926,  13374250, 17703,    1413921, 10652,   620979, 20257,
+                                                 1258480, 240538,   16667630, 116506,  8059972, 489,    29659,
+                                                 571,     36021,    4879,     327888,  122445,  8453540}));
+    std::array<long, 6> others{}; // of rates and polarities
+    for (long row = 1; const auto &mode : XVidC_VideoTimingModes) {
         const XVidC_VideoTiming &t = mode.Timing;
         const std::string_view name = mode.Name;
         const int rate = static_cast<int>(mode.FrameRate);
@@ -47,11 +35,13 @@ TEST(VideoModes, HoldThePublishedValues) {
                            std::to_string(rate) + "Hz";
         EXPECT_THAT(name, testing::AnyOf(plain, plain + (interlaced ? " (I)" : " (RB)")));
         EXPECT_EQ(t.F1VTotal, interlaced ? t.F0PVTotal + 1 : 0) << name;
-        rates.first += rate;
-        rates.second += row++ * rate;
-        EXPECT_EQ(static_cast<int>(mode.VmId), row - 2);
+        for (std::size_t i = 0; const long value : {long{rate}, long{t.HSyncPolarity}, long{t.VSyncPolarity}}) {
+            others.at(i++) += value;
+            others.at(i++) += row * value;
+        }
+        EXPECT_EQ(static_cast<int>(mode.VmId), row++ - 1);
     }
-    EXPECT_EQ(rates, Sums(8167, 448176));
+    EXPECT_THAT(others, testing::ElementsAre(8167, 448176, 75, 4561, 73, 4588));
 }
 
 struct Axis {
@@ -60,14 +50,8 @@ struct Axis {
 };
 
 // Published: DMT, CTA-861; CVT with reduced blanking where no table has the mode, by hand with the clock cut to 1 kHz.
-constexpr struct {
-    const char *why;
-    CalcMode_t mode;
-    std::uint16_t width, height;
-    float rate;
-    Axis h, v;
-    double kHz;
-} TIMINGS[] = {
+// Why, mode, width, height, rate; front porch, sync and blanking both ways, kHz.
+constexpr std::tuple<const char *, CalcMode_t, std::uint16_t, std::uint16_t, float, Axis, Axis, double> TIMINGS[] = {
     {"first table", EN_AUTO, 1920, 1080, 60, {88, 44, 280}, {4, 5, 45}, 148500},
     {"within 0.4 Hz", EN_AUTO, 1920, 1080, 59.94F, {88, 44, 280}, {4, 5, 45}, 148351.5},
     {"upper end", EN_AUTO, 1920, 1080, 60.45F, {88, 44, 280}, {4, 5, 45}, 149613.75},
@@ -91,15 +75,14 @@ constexpr struct {
 };
 
 TEST(ResolutionTiming, MatchesThePublishedTimings) {
-    for (const auto &row : TIMINGS) {
-        SCOPED_TRACE(testing::Message() << row.why << ' ' << row.width << 'x' << row.height << '@' << row.rate);
+    for (const auto &[why, mode, width, height, rate, h, v, kHz] : TIMINGS) {
+        SCOPED_TRACE(testing::Message() << why << ' ' << width << 'x' << height << '@' << rate);
         cea861_dtd_t t{.HorizBorder = 9, .Interlaced = true, .SyncSignalInfo = 1, .Native = true};
-        ASSERT_EQ(ResT_calDTD_by_model(row.mode, &t, row.width, row.height, row.rate), ResT_OK);
-        EXPECT_EQ(t.HorizActivePixels, row.width);
-        EXPECT_EQ(t.VertActiveLines, row.height);
-        EXPECT_EQ((Axis{t.HorizSyncOffset, t.HorizSyncPulseWidth, t.HorizBlankingPixels}), row.h);
-        EXPECT_EQ((Axis{t.VertSyncOffset, t.VertSyncPulseWidth, t.VertBlankingLines}), row.v);
-        EXPECT_NEAR(t.PixelClock / 1000.0, row.kHz, 0.02);
+        ASSERT_EQ(ResT_calDTD_by_model(mode, &t, width, height, rate), ResT_OK);
+        EXPECT_TRUE(t.HorizActivePixels == width && t.VertActiveLines == height);
+        EXPECT_EQ((Axis{t.HorizSyncOffset, t.HorizSyncPulseWidth, t.HorizBlankingPixels}), h);
+        EXPECT_EQ((Axis{t.VertSyncOffset, t.VertSyncPulseWidth, t.VertBlankingLines}), v);
+        EXPECT_NEAR(t.PixelClock / 1000.0, kHz, 0.02);
         EXPECT_EQ(t.SyncSignalDescription, 3);
         EXPECT_EQ(t.HorizBorder + t.SyncSignalInfo + t.Interlaced, 0);
         EXPECT_TRUE(t.Native) << "not this function's to set";
@@ -135,29 +118,25 @@ TEST(ResolutionTiming, TakesAnyRateAndSize) {
 
 // By hand, in exact arithmetic; 640x480 is CVT's own example but for the clock's step (23.75 MHz there).
 TEST(Cvt, FollowsTheFormulaInEachForm) {
-    using testing::ElementsAre;
-    constexpr struct {
-        int width, height;
-        float rate;
-        int interlaced, reduced, margins, film;
-        int hss, hse, hfl, vss, vse, vfl;
-        double pclk, rateReached;
-    } ROWS[] = {
-        {640, 480, 60, 0, 0, 0, 0, 656, 720, 800, 483, 487, 500, 23.975, 59.9375},
-        {1920, 1080, 60, 0, 0, 0, 0, 2043, 2249, 2578, 1083, 1088, 1120, 173.235, 59.99771},
-        {1920, 1080, 60, 1, 1, 0, 0, 1968, 2000, 2080, 1083, 1088, 1096, 69.451, 59.99983},
-        {1920, 1080, 75, 0, 1, 1, 0, 1968, 2000, 2148, 1083, 1088, 1158, 186.553, 74.99968},
-        {2560, 1440, 60, 0, 1, 0, 1, 2608, 2640, 2720, 1443, 1448, 1481, 241.457542, 59.94001},
+    using Three = std::array<int, 3>;
+    // Size, rate, interlaced, reduced, margins, film; sync start and end and total both ways, clock, rate reached.
+    constexpr std::tuple<int, int, float, int, int, int, int, Three, Three, double, double> ROWS[] = {
+        {640, 480, 60, 0, 0, 0, 0, {656, 720, 800}, {483, 487, 500}, 23.975, 59.9375},
+        {1920, 1080, 60, 0, 0, 0, 0, {2043, 2249, 2578}, {1083, 1088, 1120}, 173.235, 59.99771},
+        {1920, 1080, 60, 1, 1, 0, 0, {1968, 2000, 2080}, {1083, 1088, 1096}, 69.451, 59.99983},
+        {1920, 1080, 75, 0, 1, 1, 0, {1968, 2000, 2148}, {1083, 1088, 1158}, 186.553, 74.99968},
+        {2560, 1440, 60, 0, 1, 0, 1, {2608, 2640, 2720}, {1443, 1448, 1481}, 241.457542, 59.94001},
     };
-    for (const auto &r : ROWS) {
-        SCOPED_TRACE(testing::Message() << r.width << 'x' << r.height << '@' << r.rate);
+    for (const auto &[width, height, rate, interlaced, reduced, margins, film, h, v, pclk, reached] : ROWS) {
+        SCOPED_TRACE(testing::Message() << width << 'x' << height << '@' << rate);
         cvt_mode m;
-        vert_refresh(r.width, r.height, r.rate, r.interlaced, r.reduced, r.margins, r.film, &m);
-        EXPECT_THAT((std::array{m.hr, m.hss, m.hse, m.hfl}), ElementsAre(r.width, r.hss, r.hse, r.hfl));
-        EXPECT_THAT((std::array{m.vr, m.vss, m.vse, m.vfl}), ElementsAre(r.height, r.vss, r.vse, r.vfl));
-        EXPECT_NEAR(m.pclk, r.pclk, 2e-5);
-        EXPECT_NEAR(m.real_v_rate, r.rateReached, 2e-5);
-        EXPECT_NEAR(m.h_freq, r.pclk * 1000 / r.hfl, 1e-4);
+        vert_refresh(width, height, rate, interlaced, reduced, margins, film, &m);
+        EXPECT_TRUE(m.hr == width && m.vr == height);
+        EXPECT_EQ((Three{m.hss, m.hse, m.hfl}), h);
+        EXPECT_EQ((Three{m.vss, m.vse, m.vfl}), v);
+        EXPECT_NEAR(m.pclk, pclk, 2e-5);
+        EXPECT_NEAR(m.real_v_rate, reached, 2e-5);
+        EXPECT_NEAR(m.h_freq, pclk * 1000 / h[2], 1e-4);
     }
 }
 
@@ -166,8 +145,7 @@ TEST(ModeTables, GiveRowsInOneForm) {
     row.en_res_idx = RES_1600X1200;
     ASSERT_TRUE(GetVideoTiming(1280, 720, 50, &row));
     EXPECT_EQ(row.en_res_idx, RES_1600X1200) << "the second table has no such index";
-    EXPECT_THAT((std::array{row.h_freq, row.v_freq, row.h_start, row.v_start}),
-                testing::ElementsAre(375, 500, 260, 25));
+    EXPECT_TRUE(row.h_freq == 375 && row.v_freq == 500 && row.h_start == 260 && row.v_start == 25);
     EXPECT_FALSE(GetDmtTiming(1280, 720, 500, &row) || GetDmtTiming(1920, 1080, 595, &row));
     EXPECT_EQ(row.h_total, 1980) << "untouched by failures";
     ASSERT_TRUE(GetDmtTiming(1920, 1080, 604, &row));

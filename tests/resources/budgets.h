@@ -3,9 +3,10 @@
 #define QUORIX_TESTS_BUDGETS_H
 
 #include <quorixbizmodel/common/enumtools.h>
+#include <quorixbizmodel/common/helper.h>
 #include <quorixbizmodel/layers/layerkinds.h>
-#include <quorixbizmodel/resources/resourcescheck.h>
 #include <quorixbizmodel/resources/resourceexplanation.h>
+#include <quorixbizmodel/resources/resourcescheck.h>
 #include <screens/wall.h>
 
 namespace Quorix::Tests {
@@ -17,6 +18,10 @@ using LayerType = Enum::Layer::LayerType;
 using Scene = Enum::Layer::SceneType;
 using Source = Enum::Layer::SourceType;
 
+constexpr QRect kOnSix{0, 0, 960, 540};
+constexpr QRect kOnSeven{1920, 0, 960, 540};
+constexpr uint32_t kInput = 1U << 16U; ///< 3840 by 2160 pixels
+
 /// Full-HD outputs from left to right: output 0 on the card of slot 6, outputs 1 and 2 on that of slot 7.
 struct Budgets : Wall {
     using Outputs = QList<std::weak_ptr<Output>>;
@@ -25,16 +30,7 @@ struct Budgets : Wall {
     ProtoModel::Device::s_subcardBody seven{.slotId = 7, .connectors = {}};
     Outputs invalid;
 
-    /// A layer on a screen, of the kind that belongs there.
-    std::shared_ptr<Layer> added(Screen &screen, int id, const QRect &rect, Capacity capacity = Capacity::_SL,
-                                 Scene scene = Scene::PVW, Source source = Source::NoSource, uint32_t sourceId = 0,
-                                 LayerType type = LayerType::Invalid) {
-        auto layer = made(screen, id, rect, capacity, scene, source, sourceId, type);
-        screen.addLayer(layer);
-        return layer;
-    }
-
-    /// The same, not on the screen yet.
+    /// A layer of the kind that belongs on a screen, not there yet.
     static std::shared_ptr<Layer> made(Screen &screen, int id, const QRect &rect, Capacity capacity = Capacity::_SL,
                                        Scene scene = Scene::PVW, Source source = Source::NoSource,
                                        uint32_t sourceId = 0, LayerType type = LayerType::Invalid) {
@@ -52,6 +48,14 @@ struct Budgets : Wall {
         return layer;
     }
 
+    /// The same on the screen.
+    template <class... Traits>
+    static std::shared_ptr<Layer> added(Screen &screen, int id, const QRect &rect, Traits... traits) {
+        auto layer = made(screen, id, rect, traits...);
+        screen.addLayer(layer);
+        return layer;
+    }
+
     bool fits(const ResourceCheck::LayerRects &rects) {
         return ResourceCheck::CheckOperationResources(regular, rects, invalid, Scene::PVW, {});
     }
@@ -62,14 +66,14 @@ struct Budgets : Wall {
     QMap<int, int> figures(const std::shared_ptr<Screen> &screen, const ResourceCheck::LayerRects &rects) {
         return ResourceCheck::outputPreoccupationResources(screen, rects, invalid, Scene::PVW, {});
     }
+    /// In `Mix`, by the layer's capacity.
+    static int cost(const std::shared_ptr<Screen> &screen, const ProtoModel::Device::s_subcardBody &body,
+                    const QRect &rect, const std::shared_ptr<Layer> &layer, const std::weak_ptr<Layer> &switched = {}) {
+        return ResourceCheck::calcResourcesOfRectEx(screen, body, rect, LayerMode::Mix, layer->capacity(), layer,
+                                                    switched);
+    }
     int alloced(const ProtoModel::Device::s_subcardBody &body, const std::weak_ptr<Layer> &switched = {}) {
         return ResourceCheck::calcAllocedResourcesOfSlot(body, regular, Scene::PVW, true, switched);
-    }
-    std::vector<std::shared_ptr<Output>> invalidOutputs() const {
-        std::vector<std::shared_ptr<Output>> shared;
-        for (const auto &output : invalid)
-            shared.push_back(output.lock());
-        return shared;
     }
 };
 

@@ -7,36 +7,29 @@ namespace {
 
 using testing::ElementsAre;
 
-constexpr QRect kOnSix{0, 0, 960, 540};
-constexpr QRect kOnSeven{1920, 0, 960, 540};
-constexpr uint32_t kInput = 1U << 16U;
-
 TEST_F(Budgets, AMoveIsJudgedOnBothCards) {
     place(*regular, {0, 1});
     const auto layer = added(*regular, 0, kOnSix);
     added(*regular, 1, kOnSeven, Capacity::_4K, Scene::PVW, Source::Input, kInput);
     const auto fresh = made(*regular, 255, {});
+    const auto programme = added(*regular, 0, kOnSix, Capacity::_SL, Scene::PGM);
     const struct {
         const char *tag;
-        std::shared_ptr<Layer> layer;
-        QRect rect;
+        ResourceCheck::LayerRects proposal;
         QMap<int, int> figures;
     } rows[] = {
-        {"within the card", layer, {100, 100, 500, 500}, {{6, 1}, {7, 4}}},
-        {"to the other card", layer, kOnSeven, {{6, 0}, {7, 5}}},
-        {"over the joint", layer, {1000, 0, 1000, 500}, {{6, 1}, {7, 5}}},
-        {"out of the mosaic", layer, {0, 5000, 960, 540}, {{6, 0}, {7, 4}}},
-        {"a new layer takes nothing off", fresh, kOnSix, {{6, 2}, {7, 4}}},
+        {"within the card", {{layer, {100, 100, 500, 500}}}, {{6, 1}, {7, 4}}},
+        {"to the other card", {{layer, kOnSeven}}, {{6, 0}, {7, 5}}},
+        {"over the joint", {{layer, {1000, 0, 1000, 500}}}, {{6, 1}, {7, 5}}},
+        {"out of the mosaic", {{layer, {0, 5000, 960, 540}}}, {{6, 0}, {7, 4}}},
+        {"a new layer takes nothing off", {{fresh, kOnSix}}, {{6, 2}, {7, 4}}},
+        {"two at once", {{layer, kOnSeven}, {fresh, kOnSeven}}, {{6, 0}, {7, 6}}},
+        {"named twice, taken off twice", {{layer, kOnSix}, {layer, kOnSix}}, {{6, 1}, {7, 4}}},
+        {"nothing living, no figure", {{std::weak_ptr<Layer>(), kOnSix}}, {}},
+        {"of the other scene, taken off all the same", {{programme, {0, 5000, 9, 9}}}, {{6, 0}, {7, 4}}},
     };
     for (const auto &row : rows)
-        EXPECT_EQ(figures(regular, {{row.layer, row.rect}}), row.figures) << row.tag;
-    EXPECT_EQ(figures(regular, {{layer, kOnSeven}, {fresh, kOnSeven}}), (QMap<int, int>{{6, 0}, {7, 6}}));
-    EXPECT_EQ(figures(regular, {{layer, kOnSix}, {layer, kOnSix}}), (QMap<int, int>{{6, 1}, {7, 4}}))
-        << "named twice, taken off twice";
-    EXPECT_EQ(figures(regular, {{std::weak_ptr<Layer>(), kOnSix}}), (QMap<int, int>())) << "nothing living, no figure";
-    const auto programme = added(*regular, 0, kOnSix, Capacity::_SL, Scene::PGM);
-    EXPECT_EQ(figures(regular, {{programme, {0, 5000, 10, 10}}}), (QMap<int, int>{{6, 0}, {7, 4}}))
-        << "of the other scene, taken off all the same";
+        EXPECT_EQ(figures(regular, row.proposal), row.figures) << row.tag;
 }
 
 TEST_F(Budgets, TheSmallestBudgetHoldsOnEveryCard) {
@@ -46,13 +39,13 @@ TEST_F(Budgets, TheSmallestBudgetHoldsOnEveryCard) {
         added(*regular, id, kOnSeven);
     EXPECT_TRUE(fits({{layer, kOnSeven}})) << "16 of 16";
     EXPECT_FALSE(fits({{layer, kOnSeven}, {made(*regular, 255, {}), {4000, 0, 100, 100}}}));
-    EXPECT_THAT(invalidOutputs(), ElementsAre(outputs[1], outputs[2]));
+    EXPECT_THAT(Helper::sharedPtrs(invalid), ElementsAre(outputs[1], outputs[2]));
 
     device->findSubcardBySlotId(6).lock()->setCardType(Enum::Device::CardType::_MVR);
     EXPECT_FALSE(fits({{layer, kOnSix}})) << "14 of 4 on the other card";
     EXPECT_TRUE(invalid.isEmpty()) << "but none of its outputs is under the layer";
     EXPECT_FALSE(fits({{layer, kOnSix}, {std::weak_ptr<Layer>(), {4000, 0, 10, 10}}}));
-    EXPECT_THAT(invalidOutputs(), ElementsAre(outputs[2])) << "the place of a layer that has gone counts";
+    EXPECT_THAT(Helper::sharedPtrs(invalid), ElementsAre(outputs[2])) << "the place of a layer that has gone counts";
     EXPECT_EQ(ResourceCheck::outputAllocedResources(regular, Scene::PVW), (QMap<int, int>{{6, 0}, {7, 7}}));
 }
 
@@ -82,7 +75,7 @@ TEST_F(Budgets, AnAuxCardIsJudgedByItsOwnBudget) {
     EXPECT_TRUE(fitsAux({{fresh, kOnSix}})) << "four single links";
     const auto moved = added(*aux, 3, kOnSix, Capacity::_SL, Scene::PVW, Source::Input);
     EXPECT_FALSE(fitsAux({{fresh, kOnSix}})) << "a fifth";
-    EXPECT_THAT(invalidOutputs(), ElementsAre(outputs[2], outputs[0])) << "appended; the first output alone";
+    EXPECT_THAT(Helper::sharedPtrs(invalid), ElementsAre(outputs[2], outputs[0])) << "appended; the first output alone";
     EXPECT_EQ(figures(aux, {{fresh, kOnSix}}), (QMap<int, int>{{6, 5}})) << "ends there";
     EXPECT_TRUE(fitsAux({{moved, {100, 100, 4000, 100}}})) << "its old place doesn't count";
     moved->setCapacity(Capacity::_4K);

@@ -1,12 +1,7 @@
 #include "budgets.h"
 
-#include <limits>
-
 namespace Quorix::Tests {
 namespace {
-
-constexpr QRect kOnSix{0, 0, 960, 540};
-constexpr uint32_t kInput = 1U << 16U; // 3840 by 2160 pixels
 
 struct Row {
     const char *tag;
@@ -16,8 +11,6 @@ struct Row {
     int six;
     int seven;
 };
-
-constexpr int kEnd = std::numeric_limits<int>::max();
 
 const Row kRows[] = {
     {"two outputs of a card count once", {3000, 0, 2000, 1080}, Capacity::_SL, Source::Input, 0, 2},
@@ -31,52 +24,42 @@ const Row kRows[] = {
     {"nothing to cut: one strip", kOnSix, Capacity::_4K, Source::BKG, 2, 0},
     {"no area", {100, 100, 0, 540}, Capacity::_SL, Source::Input, 0, 0},
     {"beside the mosaic", {100, 1080, 960, 540}, Capacity::_4K, Source::Input, 0, 0},
-    {"as far away as can be", {{kEnd - 960, 0}, QPoint{kEnd, kEnd}}, Capacity::_4K, Source::Input, 0, 0},
-    {"as large as can be", {{-kEnd, -kEnd}, QPoint{kEnd, kEnd}}, Capacity::_4K, Source::Input, 0, 0},
+    {"as far away as can be", {{kHighest - 960, 0}, QPoint{kHighest, kHighest}}, Capacity::_4K, Source::Input, 0, 0},
+    {"as large as can be", {{-kHighest, -kHighest}, QPoint{kHighest, kHighest}}, Capacity::_4K, Source::Input, 0, 0},
 };
 
 TEST_F(Budgets, ALayerCostsItsDistinctStrips) {
     place(*regular, {0, 1, 2});
     for (const Row &row : kRows) {
         SCOPED_TRACE(row.tag);
-        const auto layer = made(*regular, 0, {}, Capacity::invaild, Scene::PVW, row.source, kInput);
-        const auto cost = [&](const auto &body, LayerMode mode, const std::weak_ptr<Layer> &switched = {}) {
-            return ResourceCheck::calcResourcesOfRectEx(regular, body, row.rect, mode, row.capacity, layer, switched);
-        };
-        EXPECT_EQ(cost(six, LayerMode::Mix), row.six);
-        EXPECT_EQ(cost(seven, LayerMode::Mix), row.seven);
-        EXPECT_EQ(cost(seven, LayerMode::Single), row.seven / 2);
-        EXPECT_EQ(cost(seven, LayerMode::Mix, layer), 0);
+        const auto layer = made(*regular, 0, {}, row.capacity, Scene::PVW, row.source, kInput);
+        EXPECT_EQ(cost(regular, six, row.rect, layer), row.six);
+        EXPECT_EQ(cost(regular, seven, row.rect, layer), row.seven);
+        EXPECT_EQ(cost(regular, seven, row.rect, layer, layer), 0);
+        layer->setCapacity(Capacity::invaild); // from here on the capacity asked for
+        EXPECT_EQ(
+            ResourceCheck::calcResourcesOfRectEx(regular, seven, row.rect, LayerMode::Single, row.capacity, layer, {}),
+            row.seven / 2);
         QList<int> slotIds;
-        if (row.source != Source::Empty) {
-            if (row.six > 0)
-                slotIds << 6;
-            if (row.seven > 0)
-                slotIds << 7;
-            EXPECT_EQ(ResourceCheck::findLayerSourceInSlot(regular, row.rect, LayerMode::Mix, row.capacity, layer),
-                      slotIds);
-        }
+        for (const auto &[slotId, units] : {std::pair(6, row.six), std::pair(7, row.seven)})
+            if (units > 0 && row.source != Source::Empty)
+                slotIds << slotId;
+        EXPECT_EQ(ResourceCheck::findLayerSourceInSlot(regular, row.rect, LayerMode::Mix, row.capacity, layer),
+                  slotIds);
     }
 }
 
 TEST_F(Budgets, TheCropThatShowsIsCut) {
     place(*regular, {0, 1});
     const auto layer = made(*regular, 0, {}, Capacity::_DL, Scene::PVW, Source::Input, kInput);
-    const auto cost = [&](const QRect &crop, const QRect &rect) {
-        ProtoModel::s_CropDetailBody body;
-        static_cast<ProtoModel::s_Rect &>(body) = {crop.x(), crop.y(), crop.width(), crop.height()};
-        body.id = kInput;
-        body.type = toInt(Source::Input);
-        body.enable = 1;
-        layer->setSouceCrop(body);
-        return std::pair(
-            ResourceCheck::calcResourcesOfRectEx(regular, six, rect, LayerMode::Mix, Capacity::_DL, layer, {}),
-            ResourceCheck::calcResourcesOfRectEx(regular, seven, rect, LayerMode::Mix, Capacity::_DL, layer, {}));
+    const auto costs = [&](const QRect &crop, const QRect &rect) {
+        layer->setSouceCrop({Helper::qRect2SRect(crop), kInput, toInt(Source::Input), 1});
+        return std::pair(cost(regular, six, rect, layer), cost(regular, seven, rect, layer));
     };
-    EXPECT_EQ(cost({0, 0, 1000, 2160}, kOnSix), std::pair(2, 0)) << "within the first strip";
-    EXPECT_EQ(cost({0, 0, 1000, 2160}, {920, 0, 1000, 500}), std::pair(2, 2)) << "a single piece is four pixels wider";
-    EXPECT_EQ(cost({1900, 0, 100, 100}, kOnSix), std::pair(4, 0)) << "over the seam of the input";
-    EXPECT_EQ(cost({5000, 0, 100, 100}, kOnSix), std::pair(0, 0)) << "outside of the input";
+    EXPECT_EQ(costs({0, 0, 1000, 2160}, kOnSix), std::pair(2, 0)) << "within the first strip";
+    EXPECT_EQ(costs({0, 0, 1000, 2160}, {920, 0, 1000, 500}), std::pair(2, 2)) << "a single piece is four pixels wider";
+    EXPECT_EQ(costs({1900, 0, 100, 100}, kOnSix), std::pair(4, 0)) << "over the seam of the input";
+    EXPECT_EQ(costs({5000, 0, 100, 100}, kOnSix), std::pair(0, 0)) << "outside of the input";
 }
 
 TEST_F(Budgets, OtherScreensCountWithTheLargerScene) {
@@ -100,7 +83,7 @@ TEST_F(Budgets, OtherScreensCountWithTheLargerScene) {
 TEST_F(Budgets, ACutLayerCostsWhileItIsSwitchedOn) {
     place(*regular, {0, 1});
     const auto fill = added(*regular, 3, kOnSix);
-    added(*regular, 3, {1920, 0, 960, 540}, Capacity::_DL, Scene::PVW, Source::Input, kInput, LayerType::Cut);
+    added(*regular, 3, kOnSeven, Capacity::_DL, Scene::PVW, Source::Input, kInput, LayerType::Cut);
     EXPECT_EQ(alloced(seven), 0);
     fill->setCutAndFill({.enable = true, .isBinding = false});
     EXPECT_EQ(alloced(seven), 4) << "where it stands, by its own capacity";
@@ -117,17 +100,18 @@ TEST_F(Budgets, AProgrammeOnAnAuxScreenCostsItsOutputs) {
     const auto cost = [&](const std::shared_ptr<Layer> &layer, const QRect &rect) {
         return ResourceCheck::getResOfSlotAlloced2Layer(aux, slotSix, layer, rect);
     };
-    const auto layer = added(*aux, 0, {0, 0, 1920, 540}, Capacity::_4K, Scene::PVW, Source::PGM, 0);
+    const auto layer = added(*aux, 0, {0, 0, 1920, 540}, Capacity::_4K, Scene::PVW, Source::PGM, 0U);
     EXPECT_EQ(ResourceCheck::getResOfPGMLayer(layer, {outputs[0]}), 3);
     EXPECT_EQ(ResourceCheck::getResOfPGMLayer(layer, {twin}), 1) << "the right half, shown from 960 on";
     EXPECT_EQ(ResourceCheck::getResOfPGMLayer(layer, {outputs[0], twin}), 3) << "each shown output once";
     EXPECT_EQ(ResourceCheck::getResOfPGMLayer(layer, {outputs[3]}), 0) << "not in the mosaic";
     EXPECT_EQ(cost(layer, {2000, 0, 100, 100}), 1) << "proposed on the twin, scaled by where it stands";
     EXPECT_EQ(cost(layer, {5000, 0, 100, 100}), 0);
-    EXPECT_EQ(cost(added(*aux, 1, kOnSix, Capacity::_4K, Scene::PVW, Source::PGM, 256), kOnSix), 0) << "no such screen";
+    EXPECT_EQ(cost(added(*aux, 1, kOnSix, Capacity::_4K, Scene::PVW, Source::PGM, 256U), kOnSix), 0)
+        << "no such screen";
     EXPECT_EQ(cost(added(*aux, 2, kOnSix, Capacity::_4K, Scene::PVW, Source::BKG), kOnSix), 0);
     const auto other = addedScreen<AuxScreen>(QStringLiteral("other"), 1);
-    EXPECT_EQ(cost(made(*other, 0, kOnSix, Capacity::_4K, Scene::PVW, Source::PGM, 0), kOnSix), 0) << "met on its own";
+    EXPECT_EQ(cost(made(*other, 0, kOnSix, Capacity::_4K, Scene::PVW, Source::PGM, 0U), kOnSix), 0) << "met on its own";
     EXPECT_EQ(cost(added(*aux, 3, kOnSix, Capacity::_4K, Scene::PVW, Source::Input, kInput), kOnSix), 4);
     EXPECT_EQ(cost(added(*aux, 4, kOnSix, Capacity::invaild, Scene::PVW, Source::Input), kOnSix), 0);
 }

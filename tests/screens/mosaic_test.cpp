@@ -158,7 +158,8 @@ TEST_F(Mosaic, ComparesFeathersInAnyOrder) {
     };
     EXPECT_THAT(guarded({plain.rbegin(), plain.rend()}) + guarded(three), IsEmpty());
     EXPECT_THAT(guarded(wide), ElementsAre(event));
-    for (const auto &[number, feathers] : {std::pair(0, wide), {0, three}, {1, three}}) // the last isn't in the mosaic
+    for (const auto &[number, feathers] :
+         {std::pair(0U, wide), {0U, three}, {1U, three}}) // the last isn't in the mosaic
         regular->setOutputFeathers(outputs[number], feathers, "view");
     EXPECT_THAT(events(), ElementsAre(event, event));
     EXPECT_THAT(guarded(wide), IsEmpty()); // the stored set has three

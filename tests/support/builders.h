@@ -2,14 +2,20 @@
 #ifndef QUORIX_TESTS_BUILDERS_H
 #define QUORIX_TESTS_BUILDERS_H
 
+#include <quorixbizmodel/common/enumtools.h>
 #include <quorixbizmodel/device/device.h>
 #include <quorixbizmodel/hub/devicelist.h>
+#include <support/eventlog.h>
+#include <support/messagelog.h>
 
 #include <QCoreApplication>
 #include <QFile>
-#include <QStringList>
 
+#include <gmock/gmock.h>
+
+#include <atomic>
 #include <memory>
+#include <thread>
 
 namespace Quorix::Tests {
 
@@ -61,6 +67,16 @@ template <class T>
 std::shared_ptr<T> standIn() {
     auto object = std::make_shared<std::max_align_t>();
     return {object, reinterpret_cast<T *>(object.get())};
+}
+
+/// Runs @p work on a thread of its own, and @p meanwhile here, again and again, until that has ended.
+template <class Work, class Meanwhile>
+void runBeside(const Work &work, const Meanwhile &meanwhile) {
+    std::atomic<bool> isDone = false;
+    std::thread other([&] { work(), isDone = true; });
+    while (!isDone)
+        meanwhile();
+    other.join();
 }
 
 } // namespace Quorix::Tests

@@ -3,14 +3,16 @@
 #include <QApplication>
 
 #include <memory>
-#ifdef __SANITIZE_ADDRESS__
+// Qt defines __has_feature, as always false, for compilers without it.
+#if defined(__SANITIZE_ADDRESS__) || __has_feature(address_sanitizer)
+#    define QUORIX_FINDS_LEAKS
 #    include <sanitizer/lsan_interface.h>
 #endif
 
 namespace {
 
 std::unique_ptr<QApplication> makeApplication(int &argc, char **argv) {
-#ifdef __SANITIZE_ADDRESS__
+#ifdef QUORIX_FINDS_LEAKS
     // Qt's offscreen platform never deletes the screen that it makes here.
     const __lsan::ScopedDisabler disabler;
 #endif

@@ -3,6 +3,7 @@
 #include "command.h"
 
 #include <quorixbizmodel/common/enumtools.h>
+#include <quorixbizmodel/device/device.h>
 
 #include <QStringList>
 
@@ -103,6 +104,10 @@ QString layerText(const s_ScreenLayerId &id) {
     return QStringLiteral("%1/%2/%3%4").arg(screenText(id), sceneText(id.sceneType), kind).arg(id.layerId);
 }
 
+QString cardText(Quorix::BizModel::Device &device, int slotId) {
+    return QStringLiteral("%1 in slot %2").arg(device.subCardDescription(slotId, device.mvrEnabled())).arg(slotId);
+}
+
 QString sourceText(const s_LayerSourceGeneral &source) {
     switch (static_cast<Enum::Layer::SourceType>(source.type)) {
     case Enum::Layer::SourceType::Empty:
@@ -110,11 +115,13 @@ QString sourceText(const s_LayerSourceGeneral &source) {
     case Enum::Layer::SourceType::NoSource:
         return QStringLiteral("none");
     case Enum::Layer::SourceType::Input:
-        return QStringLiteral("input:%1-%2").arg(source.id >> 16U & 255U).arg(source.id >> 8U & 255U);
+        return QStringLiteral("input:") + interfaceText(source.id);
     default:
         return QStringLiteral("%1:%2").arg(wordOf(kSources, source.type)).arg(source.id);
     }
 }
+
+QString interfaceText(std::uint32_t id) { return QStringLiteral("%1-%2").arg(id >> 16U & 255U).arg(id >> 8U & 255U); }
 
 int parseNumber(const QString &text, int minimum, int maximum, const char *what) {
     bool isNumber = false;
@@ -131,6 +138,11 @@ s_ScreenId parseScreen(const QString &text) {
     screen.screenType = valueOf(kScreenKinds, kind, "kind of screen");
     screen.screenId = static_cast<std::uint8_t>(parseNumber(id, 0, kMaxId, "screen id"));
     return screen;
+}
+
+s_InterfaceID parseInterface(const QString &text) {
+    const auto [slot, connector] = halves(text, QLatin1Char('-'), "interface", "SLOT-CONNECTOR, as in 4-0");
+    return {parseNumber(slot, 0, 255, "slot"), parseNumber(connector, 0, 255, "connector"), 0};
 }
 
 int parseScene(const QString &text) { return valueOf(kScenes, text, "scene"); }
@@ -158,10 +170,8 @@ s_LayerSourceGeneral parseSource(const QString &text) {
     }
     const auto [kind, id] = halves(text, QLatin1Char(':'), "source", kSourceForm);
     if (kind == QLatin1String("input")) {
-        const auto [slot, connector] = halves(id, QLatin1Char('-'), "input", "SLOT-CONNECTOR, as in 4-0");
         source.type = toInt(Enum::Layer::SourceType::Input);
-        source.id =
-            s_InterfaceID{parseNumber(slot, 0, 255, "slot"), parseNumber(connector, 0, 255, "connector"), 0}.id();
+        source.id = parseInterface(id).id();
         return source;
     }
     source.type = valueOf(kSources, kind, "kind of source");

@@ -13,6 +13,12 @@ namespace {
 
 using namespace Quorix::BizModel;
 
+/// The word of a number; "-" for one behind the words.
+template <std::size_t N>
+QString wordAt(const char *const (&words)[N], int number) {
+    return number >= 0 && number < static_cast<int>(N) ? QString::fromLatin1(words[number]) : QStringLiteral("-");
+}
+
 QString yesNo(bool value) { return value ? QStringLiteral("yes") : QStringLiteral("no"); }
 
 /// "2-9" for eight slots from 2 on, "-" for none.
@@ -43,17 +49,11 @@ void printConnectors(QTextStream &out, const QMap<unsigned char, InterfaceConfig
     Table table({QStringLiteral("pos"), QStringLiteral("key"), QStringLiteral("type"), QStringLiteral("capacity"),
                  QStringLiteral("work"), QStringLiteral("backup"), QStringLiteral("enabled"), QStringLiteral("note")});
     static const char *const kCapacities[] = {"SL", "DL", "4K"};
-    static const char *const kWorkModes[] = {"master", "backup", "no output"};
-    const auto nameOf = [](const auto &names, int value) {
-        return value >= 0 && value < static_cast<int>(std::size(names)) ? QString::fromLatin1(names[value])
-                                                                        : QStringLiteral("-");
-    };
     for (auto it = connectors.begin(); it != connectors.end(); ++it) {
         const InterfaceConfig::CardConnector &connector = *it;
         table.addRow({QString::number(it.key()), QString::number(connector.PrintKeyNo),
                       connectorTypeName(static_cast<Enum::Interface::ConnectorType>(connector.Connector.type)),
-                      nameOf(kCapacities, connector.Connector.capacityMode),
-                      nameOf(kWorkModes, connector.Connector.workMode),
+                      wordAt(kCapacities, connector.Connector.capacityMode), workModeName(connector.Connector.workMode),
                       connector.BackupPos == 255 ? QStringLiteral("-") : QString::number(connector.BackupPos),
                       yesNo(connector.Enable), connector.NameOnMaxCapacity});
     }
@@ -76,6 +76,11 @@ void printLayout(QTextStream &out, const InterfaceConfig::SubCard &card) {
 }
 
 } // namespace
+
+QString workModeName(int mode) {
+    static const char *const kWorkModes[] = {"master", "backup", "no output"};
+    return wordAt(kWorkModes, mode);
+}
 
 QString connectorTypeName(Enum::Interface::ConnectorType type) {
     for (const InterfaceConfig::ConnectorInfo &info : InterfaceConfig::instance()->connectorInfos())

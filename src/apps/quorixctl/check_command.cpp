@@ -45,13 +45,13 @@ std::shared_ptr<Layer> proposedLayer(const std::shared_ptr<Screen> &screen, int 
         parseLayer(QStringLiteral("%1/%2/%3")
                        .arg(screenText(screen->screenIdenti()), sceneText(scene), isNew ? QStringLiteral("0") : name));
     if (!isNew) {
-        const auto layer = screen->layer(id).lock();
+        auto layer = screen->layer(id).lock();
         if (layer == nullptr)
             throw Failure(QStringLiteral("there is no layer %1").arg(layerText(id)));
         return layer;
     }
     id.layerId = Constants::Layer::maxId;
-    const auto layer = Screen::createLayer(static_cast<Enum::Layer::LayerType>(id.layerType));
+    auto layer = Screen::createLayer(static_cast<Enum::Layer::LayerType>(id.layerType));
     Layer::Detail detail = layer->layerDetail();
     detail.layerIdenti = id;
     detail.source.general = parseSource(source.isEmpty() ? QStringLiteral("none") : source);
@@ -85,9 +85,7 @@ QString outputNames(const QList<std::weak_ptr<Output>> &outputs) {
 }
 
 void printCard(QTextStream &out, Device &device, const Screen &screen, const ResourceExplanation::Card &card) {
-    out << '\n'
-        << device.subCardDescription(card.slotId, device.mvrEnabled()) << " in slot " << card.slotId << ": "
-        << card.units() << " of " << card.limit << " units";
+    out << '\n' << cardText(device, card.slotId) << ": " << card.units() << " of " << card.limit << " units";
     if (card.limit < card.budget)
         out << " (the card has " << card.budget << ", another of the screen fewer)";
     out << (card.fits() ? "\n" : ": too many\n");
@@ -139,9 +137,7 @@ void runCheck(const Invocation &call) {
     const ReportDocument report = readReport(call.arguments[0]);
     const HubSession session(call);
     const auto device = feed(report, call.out);
-    const auto screen = device->findScreen(screenId.screenType, static_cast<uint8_t>(screenId.screenId)).lock();
-    if (screen == nullptr)
-        throw Failure(QStringLiteral("there is no screen %1").arg(screenText(screenId)));
+    const auto screen = screenOf(*device, screenId);
     if (!hasAnyBit(screenId.screenType,
                    maskOf(Enum::Screen::ScreenType::RegularScreen, Enum::Screen::ScreenType::AUXScreen)))
         throw Failure(QStringLiteral("cards are checked for regular and AUX screens alone"));

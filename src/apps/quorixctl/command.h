@@ -48,6 +48,22 @@ struct Command {
 /// Reads the capability files of the deployment, once in a process. Throws Failure with the file and the reason.
 void readCapabilities(const QString &dataDirectory);
 
+/// The row of a table whose `name` an argument of @p command is. Throws UsageError, with the names, for any other.
+template <class Rows>
+const auto &rowNamed(const Rows &rows, const QString &name, const char *command) {
+    QStringList names;
+    for (const auto &row : rows) {
+        if (name == QLatin1String(row.name))
+            return row;
+        names << QLatin1String(row.name);
+    }
+    throw UsageError(
+        QStringLiteral("%1 takes %2, not %3").arg(QLatin1String(command), names.join(QStringLiteral(", ")), name));
+}
+
+/// What a connector does, by Enum::Interface::WorkMode; "-" for a number that is none.
+QString workModeName(int mode);
+
 /// Short name of a connector type of the deployment, its number if the deployment doesn't know it.
 QString connectorTypeName(Quorix::BizModel::Enum::Interface::ConnectorType type);
 
@@ -71,6 +87,12 @@ void addEditOptions(QCommandLineParser &);
 void runEdit(const Invocation &);
 void addPresetOptions(QCommandLineParser &);
 void runPreset(const Invocation &);
+void addMvrOptions(QCommandLineParser &);
+void runMvr(const Invocation &);
+void runUses(const Invocation &);
+void runBackup(const Invocation &);
+void addGroupOptions(QCommandLineParser &);
+void runGroup(const Invocation &);
 void addStoreOptions(QCommandLineParser &);
 void runStore(const Invocation &);
 void addLoadOptions(QCommandLineParser &);

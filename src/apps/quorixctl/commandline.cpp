@@ -34,6 +34,13 @@ constexpr std::array kCommands{
             1, addCheckOptions, runCheck},
     Command{"preset", "show|plan|load REPORT ID", "what a preset holds, what a load would touch, and the load itself",
             3, 3, addPresetOptions, runPreset},
+    Command{"mvr", "open|close REPORT...", "turns cards into a multiviewer and back, or says why not", 2, -1,
+            addMvrOptions, runMvr},
+    Command{"uses", "REPORT input|output|bkg|logo|screen ID", "who shows it: screens, presets, genlock", 3, 3,
+            noOptions, runUses},
+    Command{"backup", "REPORT [switch A B]", "hot backup pairs; layers follow when B takes over from A", 1, 4,
+            noOptions, runBackup},
+    Command{"group", "REPORT...", "which groups devices form; joins and leaves them", 1, -1, addGroupOptions, runGroup},
     Command{"store", "REPORT... --root DIR", "keeps devices as documents under a folder", 1, -1, addStoreOptions,
             runStore},
     Command{"load", "--root DIR", "the devices stored under a folder, and what is wrong with them", 0, 0,
@@ -66,7 +73,7 @@ QString overview() {
 QString findData(const QCommandLineParser &parser) {
     if (parser.isSet(QStringLiteral("data")))
         return parser.value(QStringLiteral("data"));
-    const QString here = QStringLiteral("data");
+    QString here = QStringLiteral("data");
     if (QDir(here + QStringLiteral("/devices")).exists())
         return here;
     return QDir::cleanPath(QCoreApplication::applicationDirPath() + QStringLiteral("/../share/quorix"));

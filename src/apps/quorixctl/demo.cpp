@@ -45,9 +45,9 @@ void runDemo(const Invocation &call) {
     const QString edid = scratch.filePath(QStringLiteral("made.bin"));
     const QDir data(call.dataDirectory);
     const QDir reportsFolder(data.filePath(QStringLiteral("reports")));
-    QStringList reports;
-    for (const QString &name : reportsFolder.entryList({QStringLiteral("*.json")}, QDir::Files, QDir::Name))
-        reports << reportsFolder.filePath(name);
+    const QString full = reportsFolder.filePath(QStringLiteral("alder-max.json"));
+    const QString small = reportsFolder.filePath(QStringLiteral("birch-mini.json"));
+    const QStringList reports{small, reportsFolder.filePath(QStringLiteral("alder.json")), full};
 
     Tour tour(call);
     tour.step(QStringLiteral("What the deployment knows: chassis and their cards"), {QStringLiteral("models")});
@@ -63,20 +63,26 @@ void runDemo(const Invocation &call) {
     tour.step(QStringLiteral("What a display would read in it"),
               {QStringLiteral("edid"), QStringLiteral("show"), edid});
     tour.step(QStringLiteral("Processors from their reports"), QStringList(QStringLiteral("show")) + reports);
-    tour.step(QStringLiteral("What a listener hears while a report goes in"),
-              {QStringLiteral("events"), reportsFolder.filePath(QStringLiteral("birch-mini.json"))});
-    const QString full = reportsFolder.filePath(QStringLiteral("alder-max.json"));
+    tour.step(QStringLiteral("What a listener hears while a report goes in"), {QStringLiteral("events"), small});
     tour.step(QStringLiteral("What it hears while an operator works"),
               {QStringLiteral("edit"), full, QStringLiteral("move regular:0/pvw/8 2600,1300"),
                QStringLiteral("opacity regular:0/pvw/9 60"), QStringLiteral("source regular:0/pvw/1 input:2-3"),
                QStringLiteral("select regular:0/pvw/9"), QStringLiteral("cut regular:6")});
-    const QString picture = QFileInfo(call.options.isSet(QStringLiteral("output"))
-                                          ? call.options.value(QStringLiteral("output"))
-                                          : QDir::temp().filePath(QStringLiteral("quorix-wall.png")))
-                                .absoluteFilePath();
-    tour.step(QStringLiteral("The wall that it works on"),
-              {QStringLiteral("draw"), full, QStringLiteral("--screen"), QStringLiteral("regular:0"),
-               QStringLiteral("-o"), picture});
+    tour.step(QStringLiteral("Who would miss an input"),
+              {QStringLiteral("uses"), full, QStringLiteral("input"), QStringLiteral("4-0")});
+    const QFileInfo picture(call.options.isSet(QStringLiteral("output"))
+                                ? call.options.value(QStringLiteral("output"))
+                                : QDir::temp().filePath(QStringLiteral("quorix-wall.png")));
+    const auto draw = [&](const char *title, const QString &report, const QString &screen, const QString &path) {
+        tour.step(QString::fromLatin1(title),
+                  {QStringLiteral("draw"), report, QStringLiteral("--screen"), screen, QStringLiteral("-o"), path});
+    };
+    const QString wall = picture.absoluteFilePath();
+    const QString multiviewer = picture.absoluteDir().filePath(
+        QStringLiteral("%1-multiviewer.%2").arg(picture.completeBaseName(), picture.suffix()));
+    draw("The wall that it works on", full, QStringLiteral("regular:0"), wall);
+    draw("What the director of another studio sees", reportsFolder.filePath(QStringLiteral("hazel.json")),
+         QStringLiteral("mvr:0"), multiviewer);
     const QStringList stored{QStringLiteral("--root"), scratch.filePath(QStringLiteral("devices")),
                              QStringLiteral("--pictures"), scratch.filePath(QStringLiteral("pictures"))};
     tour.step(QStringLiteral("The processor as documents on the disk"),
@@ -84,8 +90,9 @@ void runDemo(const Invocation &call) {
     tour.step(QStringLiteral("And back, as after a restart"),
               QStringList{QStringLiteral("load"), QStringLiteral("--verify")} + stored);
     call.out << "\nThe tour is over: " << reports.size() << " processors, all of it from " << call.dataDirectory
-             << ". The wall:\n"
-             << picture << '\n';
+             << ". The multiviewer and the wall:\n"
+             << multiviewer << '\n'
+             << wall << '\n';
 }
 
 } // namespace quorixctl

@@ -6,14 +6,13 @@
 
 #include <quorixbizmodel/capability/deviceconfigmanager.h>
 #include <quorixbizmodel/capability/interfaceconfig.h>
+#include <quorixbizmodel/common/enumtools.h>
 #include <quorixbizmodel/common/helper.h>
 #include <quorixbizmodel/device/device.h>
 #include <quorixbizmodel/hub/devicelist.h>
 #include <quorixbizmodel/topology/connector.h>
 #include <quorixbizmodel/topology/interface.h>
 #include <quorixbizmodel/topology/subcard.h>
-
-#include <iterator>
 
 namespace quorixctl {
 namespace {
@@ -38,7 +37,6 @@ QStringList interfaceCells(const std::shared_ptr<Interface> &interface) {
 
 /// The tree of slots, cards and connectors, with the input or output behind each connector.
 void printSlots(QTextStream &out, const std::shared_ptr<Device> &device) {
-    static const char *const kWorkModes[] = {"master", "backup", "no output"};
     Table table({QStringLiteral("slot"), QStringLiteral("card"), QStringLiteral("name"), QStringLiteral("port"),
                  QStringLiteral("type"), QStringLiteral("capacity"), QStringLiteral("work"),
                  QStringLiteral("interface"), QStringLiteral("preset"), QStringLiteral("actual"),
@@ -54,12 +52,10 @@ void printSlots(QTextStream &out, const std::shared_ptr<Device> &device) {
             cardCells[2] += QStringLiteral(" (%1)").arg(trouble);
         for (const auto &weakConnector : card->connectors()) {
             const auto connector = weakConnector.lock();
-            const auto mode = static_cast<std::size_t>(connector->workMode());
             table.addRow(cardCells +
                          QStringList{QString::number(connector->id()), connectorTypeName(connector->type()),
                                      Helper::interfaceCapacityString(connector->capacityMode()),
-                                     mode < std::size(kWorkModes) ? QString::fromLatin1(kWorkModes[mode])
-                                                                  : QStringLiteral("-")} +
+                                     workModeName(toInt(connector->workMode()))} +
                          interfaceCells(device->interface(card->slotId(), connector->id()).lock()));
             cardCells = QStringList{QString(), QString(), QString()};
         }
@@ -98,7 +94,7 @@ void runShow(const Invocation &call) {
 void runEvents(const Invocation &call) {
     const std::vector<ReportDocument> reports = readReports(call);
     const HubSession session(call);
-    const HubListener listener([&](const HubEvent &event) { call.out << jsonLine(event) << '\n'; });
+    const HubListener listener(call.out);
     for (const ReportDocument &report : reports)
         feed(report, call.out);
 }

@@ -233,7 +233,7 @@ void runEdit(const Invocation &call) {
     const ReportDocument document = readReport(call.arguments.first());
     const HubSession session(call);
     const auto device = feed(document, call.out);
-    const HubListener listener([&](const HubEvent &event) { call.out << jsonLine(event) << '\n'; });
+    const HubListener listener(call.out);
     for (const Edit &edit : edits) {
         call.out << "> " << edit.text << '\n';
         apply(edit, device);

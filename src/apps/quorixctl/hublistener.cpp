@@ -2,6 +2,7 @@
 
 #include "address.h"
 
+#include <ajson/ajson.h>
 #include <quorixbizmodel/device/device.h>
 #include <quorixbizmodel/files/image.h>
 #include <quorixbizmodel/files/preset.h>
@@ -15,11 +16,19 @@
 
 #include <algorithm>
 #include <iterator>
+#include <string>
 
 namespace quorixctl {
 namespace {
 
 using namespace Quorix::BizModel;
+
+struct HubEvent {
+    std::string signal;
+    std::vector<std::string> owners;
+    std::vector<std::string> arguments;
+};
+QUORIX_AJSON(HubEvent, signal, owners, arguments)
 
 std::string deviceText(const std::shared_ptr<Device> &device) {
     return device ? device->ipMacSn().toStdString() : std::string("gone");
@@ -120,8 +129,6 @@ HubEvent describe(const QMetaMethod &signal, void **arguments) {
     return event;
 }
 
-} // namespace
-
 QString jsonLine(const HubEvent &event) {
     ajson::ajson_string_stream<> stream;
     ajson::lite_write<ajson::ajson_string_stream<>> writer(stream);
@@ -129,7 +136,9 @@ QString jsonLine(const HubEvent &event) {
     return QString::fromUtf8(stream.data(), static_cast<int>(stream.write_length()));
 }
 
-HubListener::HubListener(std::function<void(const HubEvent &)> heard) : m_heard(std::move(heard)) {
+} // namespace
+
+HubListener::HubListener(QTextStream &out) : m_out(out) {
     const QObject *hub = DeviceList::instance();
     for (int i = QObject::staticMetaObject.methodCount(); i < hub->metaObject()->methodCount(); ++i) {
         const QMetaMethod method = hub->metaObject()->method(i);
@@ -146,7 +155,7 @@ int HubListener::qt_metacall(QMetaObject::Call call, int id, void **arguments) {
     if (id < 0 || call != QMetaObject::InvokeMetaMethod)
         return id;
     if (static_cast<std::size_t>(id) < m_signals.size())
-        m_heard(describe(m_signals[static_cast<std::size_t>(id)], arguments));
+        m_out << jsonLine(describe(m_signals[static_cast<std::size_t>(id)], arguments)) << '\n';
     return -1;
 }
 

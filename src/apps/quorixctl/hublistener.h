@@ -2,37 +2,26 @@
 #ifndef QUORIXCTL_HUBLISTENER_H
 #define QUORIXCTL_HUBLISTENER_H
 
-#include <ajson/ajson.h>
-
 #include <QMetaMethod>
 #include <QObject>
+#include <QTextStream>
 
-#include <functional>
-#include <string>
 #include <vector>
 
 namespace quorixctl {
 
-/// One event of the hub: who it is about (device first), and what else the signal carried.
-struct HubEvent {
-    std::string signal;
-    std::vector<std::string> owners;
-    std::vector<std::string> arguments;
-};
-QUORIX_AJSON(HubEvent, signal, owners, arguments)
-/// An event as a line of JSON, without its end.
-QString jsonLine(const HubEvent &event);
-
-/// Joined to each signal of DeviceList for its lifetime; the callback runs on the emitting thread, inside the emission.
+/// Joined to each signal of DeviceList for its lifetime, it prints each as a line of JSON: who the event is about
+/// (device first), and what else the signal carried. It does so on the emitting thread, inside the emission.
 /// Deliberately without Q_OBJECT: its signals' slots are numbered behind QObject's own methods and answered by
 /// qt_metacall, so that one body serves them all.
 class HubListener : public QObject {
 public:
-    explicit HubListener(std::function<void(const HubEvent &)> heard);
+    /// Requires: @p out outlives this.
+    explicit HubListener(QTextStream &out);
     int qt_metacall(QMetaObject::Call call, int id, void **arguments) override;
 
 private:
-    std::function<void(const HubEvent &)> m_heard;
+    QTextStream &m_out;
     std::vector<QMetaMethod> m_signals;
 };
 

@@ -35,7 +35,7 @@ void requireRoom(Device &device, FileType type, const QSize &size) {
 
 QImage readPicture(const QString &path) {
     QImageReader reader(path);
-    const QImage picture = reader.read();
+    QImage picture = reader.read();
     if (picture.isNull())
         throw Failure(QStringLiteral("%1: %2").arg(path, reader.errorString()));
     return picture;

@@ -11,7 +11,6 @@
 #include <quorixbizmodel/screens/screen.h>
 
 #include <algorithm>
-#include <iterator>
 #include <vector>
 
 namespace quorixctl {
@@ -22,7 +21,6 @@ using Enum::File::FileType;
 using Enum::Layer::SceneType;
 using Enum::Screen::UpdateType;
 using LayerDetail = Quorix::ProtoModel::Layer::s_LayerFullDetail;
-using Quorix::ProtoModel::s_ScreenId;
 
 /// A preset on its way into a device.
 struct Load {
@@ -123,7 +121,7 @@ void show(Load &on, QTextStream &out) {
 }
 
 void load(Load &on, QTextStream &out) {
-    const HubListener listener([&](const HubEvent &event) { out << jsonLine(event) << '\n'; });
+    const HubListener listener(out);
     for (const auto &step : kSteps) {
         out << "> " << step.name << '\n';
         const QString result = step.run(on);
@@ -192,10 +190,7 @@ void addPresetOptions(QCommandLineParser &parser) {
 }
 
 void runPreset(const Invocation &call) {
-    const auto verb = std::find_if(std::begin(kVerbs), std::end(kVerbs),
-                                   [&](const auto &row) { return call.arguments[0] == QLatin1String(row.name); });
-    if (verb == std::end(kVerbs))
-        throw UsageError(QStringLiteral("preset takes show, plan or load, not %1").arg(call.arguments[0]));
+    const auto &verb = rowNamed(kVerbs, call.arguments[0], "preset");
     const int id = parseNumber(call.arguments[2], 0, 255, "preset id");
     const QString scene = call.options.value(QStringLiteral("scene"));
     const int wanted = scene.isEmpty() ? 0 : parseScene(scene);
@@ -214,7 +209,7 @@ void runPreset(const Invocation &call) {
     const bool isProgramme = device->loadToPGMEnable() != LoadToPGMStatus::LoadToPVW;
     Load on{device, preset, isProgramme ? SceneType::PGM : SceneType::PVW, {}};
     printHead(call.out, on);
-    verb->run(on, call.out);
+    verb.run(on, call.out);
 }
 
 } // namespace quorixctl

@@ -20,6 +20,11 @@ ReportDocument readReport(const QString &path) {
     std::string error;
     if (!Quorix::ProtoModel::decode(readFile(path), document, error))
         throw Failure(QStringLiteral("%1: %2").arg(path, QString::fromStdString(error)));
+    // A document keeps no port of a client: the one with this station's address is taken for this station.
+    if (document.baseInfo)
+        for (auto &client : document.baseInfo->ClientIps)
+            if (client.clientIp() == document.baseInfo->LocalIp)
+                client.localPort = document.baseInfo->LocalCtrlPort;
     if (document.files)
         for (const ContentEntry &entry : document.contents)
             for (auto &file : *document.files)

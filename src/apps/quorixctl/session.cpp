@@ -1,5 +1,7 @@
 #include "session.h"
 
+#include "address.h"
+
 #include <imagestorage/imagestorage.h>
 #include <quorixbizmodel/device/device.h>
 #include <quorixbizmodel/hub/devicelist.h>
@@ -26,7 +28,7 @@ HubSession::~HubSession() {
 }
 
 std::shared_ptr<Device> feed(const ReportDocument &report, QTextStream &notes) {
-    const auto device = std::make_shared<Device>(report.modelId, nullptr);
+    auto device = std::make_shared<Device>(report.modelId, nullptr);
     DeviceList::instance()->append(device);
     if (report.baseInfo)
         device->updateDeviceBaseInfo(*report.baseInfo);
@@ -46,6 +48,13 @@ std::shared_ptr<Device> feed(const ReportDocument &report, QTextStream &notes) {
     device->setSyncDataSuccess(true);
     deliverQueuedSignals();
     return device;
+}
+
+std::shared_ptr<Quorix::BizModel::Screen> screenOf(Device &device, const Quorix::ProtoModel::s_ScreenId &id) {
+    auto screen = device.findScreen(id.screenType, id.screenId).lock();
+    if (!screen)
+        throw Failure(QStringLiteral("the report has no screen %1").arg(screenText(id)));
+    return screen;
 }
 
 void deliverQueuedSignals() { QCoreApplication::sendPostedEvents(); }

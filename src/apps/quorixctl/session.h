@@ -33,6 +33,10 @@ private:
 /// @p notes; the rest goes in.
 std::shared_ptr<Quorix::BizModel::Device> feed(const ReportDocument &report, QTextStream &notes);
 
+/// Throws Failure for a screen that the device doesn't have.
+std::shared_ptr<Quorix::BizModel::Screen> screenOf(Quorix::BizModel::Device &device,
+                                                   const Quorix::ProtoModel::s_ScreenId &id);
+
 /// Calls that the model has queued are made now, as an event loop would: some signals reach the hub on that way.
 void deliverQueuedSignals();
 

@@ -3,6 +3,7 @@
 
 #include <ajson/ajson.h>
 #include <imagestorage/imagestorage.h>
+#include <quorixbizmodel/common/quorixbizenum.h>
 #include <quorixbizmodel/device/device.h>
 #include <quorixbizmodel/hub/devicelist.h>
 #include <quorixbizmodel/persistence/serailizer.h>
@@ -13,7 +14,6 @@
 #include <QFile>
 #include <QLoggingCategory>
 #include <QMap>
-#include <QRegularExpression>
 #include <QTemporaryDir>
 
 namespace quorixctl {
@@ -71,9 +71,10 @@ private:
 };
 
 QString rootOf(const Invocation &call) {
-    if (!call.options.isSet(QStringLiteral("root")))
+    const QString root = call.options.value(QStringLiteral("root"));
+    if (root.isEmpty())
         throw UsageError(QStringLiteral("which folder? --root DIR"));
-    return call.options.value(QStringLiteral("root"));
+    return root;
 }
 
 /// Files under a folder by their path from there.
@@ -115,10 +116,20 @@ void printDevices(QTextStream &out, Serailizer &serailizer) {
     table.print(out);
 }
 
-/// A document without the names of window ratios: a load finds the one of a layer that had none.
-QByteArray comparable(const QByteArray &document) {
-    static const QRegularExpression names(QStringLiteral("\"m_eAspectRatioType\":\\d+"));
-    return QString::fromLatin1(document).remove(names).toLatin1();
+/// Whether two documents are equal, but for names of window ratios where the first one has none: a load finds them.
+bool isSame(const QByteArray &stored, const QByteArray &again) {
+    static const QByteArray key = QByteArrayLiteral("\"m_eAspectRatioType\":");
+    static const QByteArray none = key + QByteArray::number(static_cast<int>(Enum::Layer::AspectRatioType::_Invalid));
+    int left = 0;
+    int right = 0;
+    for (int found = 0; (found = stored.indexOf(none, left)) >= 0;) {
+        const int size = found + key.size() - left;
+        if (stored.mid(left, size) != again.mid(right, size))
+            return false;
+        left = stored.indexOf(',', left + size);
+        right = again.indexOf(',', right + size);
+    }
+    return stored.mid(left) == again.mid(right);
 }
 
 /// Stores what was loaded in another place, and compares.
@@ -129,9 +140,11 @@ void verify(const QString &root, QTextStream &out, Problems &problems) {
     const auto again = filesUnder(copy.path());
     QStringList names = stored.keys() + again.keys();
     names.removeDuplicates();
-    bool isIdentical = true;
+    bool isIdentical = !names.isEmpty();
+    if (names.isEmpty())
+        problems.add(QStringLiteral("%1: nothing is stored there").arg(root));
     for (const QString &name : names) {
-        if (comparable(stored.value(name)) == comparable(again.value(name)))
+        if (stored.contains(name) == again.contains(name) && isSame(stored.value(name), again.value(name)))
             continue;
         isIdentical = false;
         problems.add(QStringLiteral("%1: stored again it is another document").arg(name));

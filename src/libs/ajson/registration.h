@@ -127,7 +127,7 @@ using members_of = decltype(ajson_members(tag<T>{}));
 /// without a semicolon. The members are written in this order under their own names; inherited ones stand among them,
 /// flat; one may be named twice.
 #define QUORIX_AJSON(Type, ...)                                                                                        \
-    constexpr auto ajson_members(ajson::detail::tag<Type>) {                                                           \
+    constexpr auto ajson_members [[maybe_unused]] (ajson::detail::tag<Type>) {                                         \
         struct list {                                                                                                  \
             static constexpr const char *text() { return #__VA_ARGS__; }                                               \
         };                                                                                                             \

@@ -130,7 +130,7 @@ QImage ImageStorager::read(const QString &path) {
         if (const QImage *recent = m_recent.object(path))
             return *recent;
     }
-    const QImage picture(path, "PNG");
+    QImage picture(path, "PNG");
     remember(path, picture);
     return picture;
 }
@@ -161,7 +161,7 @@ QString ImageStorager::store(const QImage &picture) {
     const QImage pixels = plain(picture);
     if (pixels.isNull())
         return {};
-    const QString key = keyOf(pixels);
+    QString key = keyOf(pixels);
     const QString file = path(key);
     const bool isThere = QFile::exists(file) && !read(file).isNull();
     if (!isThere && !write(file, pixels))

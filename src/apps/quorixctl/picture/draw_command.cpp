@@ -24,11 +24,7 @@ std::shared_ptr<Screen> wantedScreen(Device &device, const QCommandLineParser &o
             throw Failure(QStringLiteral("the report has no screens"));
         return screens.first().lock();
     }
-    const auto id = parseScreen(options.value(QStringLiteral("screen")));
-    const auto screen = device.findScreen(id.screenType, id.screenId).lock();
-    if (!screen)
-        throw Failure(QStringLiteral("the report has no screen %1").arg(screenText(id)));
-    return screen;
+    return screenOf(device, parseScreen(options.value(QStringLiteral("screen"))));
 }
 
 SceneType wantedScene(const Screen &screen, const QCommandLineParser &options) {

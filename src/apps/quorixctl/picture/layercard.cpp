@@ -29,7 +29,7 @@ LayerCard::LayerCard(const LayerView &layer, CardSize size, double room)
     const double inner = room - 2 * kPadding;
     const auto fit = [&](const QString &text, double textSize, bool isBold, double before) {
         const double widest = std::max(inner - before, kLeastText);
-        const QString shown = elided(text, textSize, isBold, widest);
+        QString shown = elided(text, textSize, isBold, widest);
         m_width = std::max(m_width, before + textWidth(shown, textSize, isBold) + 2 * kPadding);
         m_height += kLine;
         return shown;

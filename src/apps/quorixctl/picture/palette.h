@@ -18,6 +18,7 @@ inline constexpr Colour kPreview = rgb(0x2C7A44);
 inline constexpr Colour kCut = rgb(0xA3246E);
 inline constexpr Colour kFeather = rgb(0x0A7F86, 45);
 inline constexpr Colour kRamp = rgb(0x075F65);
+inline constexpr Stroke kCell{rgb(0x8798A6), 1, 2};
 inline constexpr Colour kSelected = rgb(0xEB6A00);
 inline constexpr Colour kSelectedInk = rgb(0xAD4A00);
 

@@ -60,6 +60,13 @@ double drawLegend(const ScreenView &view, double y, std::vector<Mark> &marks) {
     entries.push_back({QStringLiteral("output: its area of interest"), !view.outputs.empty(), [&](const Area &area) {
                            marks.emplace_back(Box{area, {}, {kInk, 1.2, 5}});
                        }});
+    entries.push_back(
+        {QStringLiteral("grid of the multiviewer"), !view.cells.empty(), [&](const Area &area) {
+             const double x = area.x + area.width / 2;
+             const double y = area.y + area.height / 2;
+             marks.emplace_back(Box{area, kStripe});
+             marks.emplace_back(Lines{{{x, area.y, x, area.bottom()}, {area.x, y, area.right(), y}}, kCell});
+         }});
     entries.push_back({QStringLiteral("not on the wall"), anyOutput(&OutputView::isNarrowed), [&](const Area &area) {
                            marks.emplace_back(Box{area, kStripe, {rgb(0x9AA7B3), 1, 3}});
                            marks.emplace_back(Lines{hatching(area, 5), {kHairline, 1.5}});
@@ -92,6 +99,41 @@ double drawLegend(const ScreenView &view, double y, std::vector<Mark> &marks) {
         x = std::round(x + width);
     }
     return y + 22;
+}
+
+/// What each card carries against its budget, a bar for each scene.
+double drawCards(const ScreenView &view, double y, std::vector<Mark> &marks) {
+    constexpr std::size_t kInRow = 3;
+    constexpr double kRow = 22;
+    constexpr double kName = 108;
+    constexpr double kBar = 96;
+    constexpr double kColumn = (kRight - kMargin) / kInRow;
+    marks.emplace_back(Text{QStringLiteral("cards: units in use"), kMargin, y + 12, kSmallSize, kSoftInk, true});
+    y += 20;
+    marks.emplace_back(Box{{kMargin, y - 3, kRight - kMargin, 1}, kHairline});
+    for (std::size_t i = 0; i < view.cards.size(); ++i) {
+        const CardView &card = view.cards[i];
+        const double x = kMargin + static_cast<double>(i % kInRow) * kColumn;
+        const double top = y + static_cast<double>(i / kInRow) * kRow;
+        const double height = card.loads.size() > 1 ? 6 : 12;
+        Area bar{x + kName, top + 3, kBar, height};
+        bool isOver = false;
+        QStringList figures;
+        for (const CardView::Load &load : card.loads) {
+            marks.emplace_back(Box{bar, kStripe, {kHairline, 1}});
+            Area used = bar;
+            used.width = std::round(kBar * std::clamp(load.units / std::max<double>(card.budget, 1), 0.0, 1.0));
+            marks.emplace_back(Box{used, load.isProgramme ? kProgramme : kPreview});
+            bar.y += height + 1;
+            isOver = isOver || load.units > card.budget;
+            figures << QStringLiteral("%1 %2").arg(QLatin1String(load.isProgramme ? "PGM" : "PVW")).arg(load.units);
+        }
+        marks.emplace_back(Text{elided(card.name, kTextSize, false, kName - 8), x, top + 13.5, kTextSize, kInk});
+        const QString text = QStringLiteral("%1 of %2").arg(figures.join(QStringLiteral(", "))).arg(card.budget);
+        marks.emplace_back(Text{elided(text, kTextSize, isOver, kColumn - kName - kBar - 16), bar.right() + 10,
+                                top + 13.5, kTextSize, isOver ? kSelectedInk : kInk, isOver});
+    }
+    return y + static_cast<double>((view.cards.size() + kInRow - 1) / kInRow) * kRow;
 }
 
 struct Column {
@@ -165,6 +207,8 @@ Drawing pictureOf(const ScreenView &view) {
     WallPlan wall(view, {kMargin + kRuler, y, kRight - kMargin - kRuler, kWallHeight}, drawing.marks);
     wall.draw();
     y = drawLegend(view, wall.place().bottom() + 22, drawing.marks);
+    if (!view.cards.empty())
+        y = drawCards(view, y + 10, drawing.marks);
     if (!view.layers.empty())
         y = drawTable(view, y + 10, drawing.marks);
     drawing.width = static_cast<int>(kPictureWidth);

@@ -1,4 +1,4 @@
-/// The drawing of a screen: the wall to scale, a legend, and a list of the layers.
+/// The drawing of a screen: the wall to scale, a legend, what the cards carry, and a list of the layers.
 #ifndef QUORIXCTL_SCREENPICTURE_H
 #define QUORIXCTL_SCREENPICTURE_H
 

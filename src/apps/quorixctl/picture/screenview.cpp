@@ -3,13 +3,17 @@
 #include "../address.h"
 
 #include <quorixbizmodel/common/enumtools.h>
+#include <quorixbizmodel/common/helper.h>
 #include <quorixbizmodel/device/device.h>
 #include <quorixbizmodel/layers/layer.h>
-#include <quorixbizmodel/screens/screen.h>
+#include <quorixbizmodel/resources/resourcecheck.h>
+#include <quorixbizmodel/screens/mvrscreen.h>
+#include <quorixbizmodel/screens/screenkinds.h>
 #include <quorixbizmodel/topology/output.h>
 
 #include <algorithm>
 #include <iterator>
+#include <limits>
 
 namespace quorixctl {
 namespace {
@@ -131,6 +135,10 @@ QStringList factsOf(const Screen &screen, const ScreenView &view) {
     };
     QStringList facts{QStringLiteral("grid %1 \u00D7 %2").arg(columns).arg(rows), count(view.outputs.size(), "output"),
                       count(view.layers.size(), "layer")};
+    if (const auto *multiviewer = dynamic_cast<const MVRScreen *>(&screen))
+        facts << QStringLiteral("cells %1 \u00D7 %2")
+                     .arg(multiviewer->rowColSpan().width())
+                     .arg(multiviewer->rowColSpan().height());
     if (screen.physicalEnable())
         facts << QStringLiteral("physical %1 \u00D7 %2")
                      .arg(screen.physicalQSize().width())
@@ -145,6 +153,34 @@ QStringList factsOf(const Screen &screen, const ScreenView &view) {
     if (screen.FTBEnable())
         facts << QStringLiteral("faded to black");
     return facts;
+}
+
+std::vector<CardView> cardsOf(Device &device, const std::shared_ptr<Screen> &screen, Enum::Layer::SceneType drawn) {
+    using Enum::Layer::SceneType;
+    std::vector<CardView> cards;
+    const bool isRegular = screen->screenType() == Enum::Screen::ScreenType::RegularScreen;
+    const auto aux = std::dynamic_pointer_cast<AuxScreen>(screen);
+    if (!isRegular && aux == nullptr)
+        return cards;
+    int least = std::numeric_limits<int>::max();
+    for (const auto &body : device.protoSubcards(screen)) {
+        const auto slotId = static_cast<uint8_t>(body.slotId);
+        CardView card{cardText(device, slotId), device.subcardResources(body.cardType), {}};
+        least = std::min(least, card.budget);
+        for (const SceneType scene : {SceneType::PGM, SceneType::PVW})
+            if (isRegular || scene == drawn)
+                card.loads.push_back(
+                    {scene == SceneType::PGM,
+                     isRegular
+                         ? ResourceCheck::calcAllocedResourcesOfSlot(body, screen, scene, true, {})
+                         : ResourceCheck::getResOfSlotAlloced(aux, scene, device.findSubcardBySlotId(slotId), {})});
+        cards.push_back(std::move(card));
+    }
+    // The smallest budget of a regular screen's cards holds on all of them.
+    if (isRegular)
+        for (CardView &card : cards)
+            card.budget = least;
+    return cards;
 }
 
 } // namespace
@@ -198,11 +234,15 @@ ScreenView viewOf(const std::shared_ptr<Device> &device, const std::shared_ptr<S
         view.mosaic = view.mosaic.united(view.outputs.back().interest);
     }
     view.size = sizeText(view.mosaic);
+    if (const auto *multiviewer = dynamic_cast<const MVRScreen *>(screen.get()))
+        for (const QRect &cell : multiviewer->gridCellRects())
+            view.cells.push_back(areaOf(Helper::qRect2SRect(cell)));
     for (const auto &reference : screen->layers(scene))
         if (const auto layer = reference.lock())
             view.layers.push_back(viewOf(*layer));
     std::stable_sort(view.layers.begin(), view.layers.end(),
                      [](const LayerView &left, const LayerView &right) { return left.zOrder < right.zOrder; });
+    view.cards = cardsOf(*device, screen, scene);
     view.facts = factsOf(*screen, view);
     return view;
 }

@@ -53,6 +53,17 @@ struct LayerView {
     QStringList looks; ///< what else is switched on, in words
 };
 
+/// What a card carries, of other screens, too. In units.
+struct CardView {
+    struct Load {
+        bool isProgramme;
+        int units;
+    };
+    QString name;
+    int budget = 0; ///< in force on the screen
+    std::vector<Load> loads;
+};
+
 /// A screen with one of its scenes.
 struct ScreenView {
     QString device;
@@ -63,7 +74,9 @@ struct ScreenView {
     QStringList facts; ///< in words
     Area mosaic;
     std::vector<OutputView> outputs;
+    std::vector<Area> cells;       ///< of the grid of a multiviewer
     std::vector<LayerView> layers; ///< from the lowest to the highest
+    std::vector<CardView> cards;   ///< with both scenes of a regular screen, the drawn one of an AUX screen
 };
 
 LayerView viewOf(const Quorix::BizModel::Layer &layer);

@@ -38,12 +38,13 @@ WallPlan::WallPlan(const ScreenView &view, const Area &room, std::vector<Mark> &
     m_place.x = std::round(room.x + (room.width - m_place.width) / 2);
 }
 
+double WallPlan::across(double x) const { return std::round(m_place.x + (x - m_extent.x) * m_scale); }
+double WallPlan::down(double y) const { return std::round(m_place.y + (y - m_extent.y) * m_scale); }
+
 Area WallPlan::onPaper(const Area &area) const {
     const Area shown = area.common(m_extent);
     if (shown.isEmpty())
         return {};
-    const auto across = [&](double x) { return std::round(m_place.x + (x - m_extent.x) * m_scale); };
-    const auto down = [&](double y) { return std::round(m_place.y + (y - m_extent.y) * m_scale); };
     const double x = across(shown.x);
     const double y = down(shown.y);
     return {x, y, std::max(across(shown.right()) - x, 1.0), std::max(down(shown.bottom()) - y, 1.0)};
@@ -56,6 +57,7 @@ void WallPlan::draw() {
         drawLayer(layer);
     for (const OutputView &output : m_view.outputs)
         drawFeathers(output);
+    drawCells();
     for (const OutputView &output : m_view.outputs) {
         const Area area = onPaper(output.interest);
         add(Box{area, {}, {rgb(0xFFFFFF, 65), 3}});
@@ -81,17 +83,17 @@ void WallPlan::drawGround() {
 }
 
 void WallPlan::drawRulers() {
-    std::set<double> across;
-    std::set<double> down;
+    std::set<double> columns;
+    std::set<double> rows;
     for (const OutputView &output : m_view.outputs) {
-        across.insert({output.interest.x, output.interest.right()});
-        down.insert({output.interest.y, output.interest.bottom()});
+        columns.insert({output.interest.x, output.interest.right()});
+        rows.insert({output.interest.y, output.interest.bottom()});
     }
     constexpr double kTick = 5;
     Lines ticks{{}, {kSoftInk, 1}};
     double free = 0;
-    for (const double value : across) {
-        const double x = std::round(m_place.x + (value - m_extent.x) * m_scale);
+    for (const double value : columns) {
+        const double x = across(value);
         const QString text = QString::number(value, 'f', 0);
         const double half = textWidth(text, kTinySize) / 2;
         ticks.segments.push_back({x, m_place.y - kTick - 2, x, m_place.y - 2});
@@ -101,8 +103,8 @@ void WallPlan::drawRulers() {
         add(Text{text, x, m_place.y - kTick - 5, kTinySize, kSoftInk, false, Anchor::Middle});
     }
     free = 0;
-    for (const double value : down) {
-        const double y = std::round(m_place.y + (value - m_extent.y) * m_scale);
+    for (const double value : rows) {
+        const double y = down(value);
         ticks.segments.push_back({m_place.x - kTick - 2, y, m_place.x - 2, y});
         if (y - kTinySize < free)
             continue;
@@ -178,6 +180,28 @@ void WallPlan::drawFeathers(const OutputView &output) {
         const double last = isRising ? strip.y : strip.bottom();
         add(Lines{{{strip.x, first, strip.right(), last}}, {kRamp, 1.5}});
     }
+}
+
+void WallPlan::drawCells() {
+    std::set<double> columns;
+    std::set<double> rows;
+    Area grid;
+    for (const Area &cell : m_view.cells) {
+        columns.insert({cell.x, cell.right()});
+        rows.insert({cell.y, cell.bottom()});
+        grid = grid.united(cell);
+    }
+    const Area place = onPaper(grid);
+    if (place.isEmpty())
+        return;
+    Lines lines{{}, kCell};
+    for (const double column : columns)
+        if (const double x = across(column); x >= place.x && x <= place.right())
+            lines.segments.push_back({x, place.y, x, place.bottom()});
+    for (const double row : rows)
+        if (const double y = down(row); y >= place.y && y <= place.bottom())
+            lines.segments.push_back({place.x, y, place.right(), y});
+    add(std::move(lines));
 }
 
 void WallPlan::drawSelection(const Area &window) {

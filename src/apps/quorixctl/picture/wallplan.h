@@ -20,11 +20,15 @@ public:
 private:
     /// From pixels of the mosaic to whole pixels of the picture.
     [[nodiscard]] Area onPaper(const Area &area) const;
+    /// The same of one edge.
+    [[nodiscard]] double across(double x) const;
+    [[nodiscard]] double down(double y) const;
     void drawGround();
     void drawRulers();
     void drawLayer(const LayerView &layer);
     void drawBorder(const LayerView &layer, const Area &window);
     void drawFeathers(const OutputView &output);
+    void drawCells();
     void drawSelection(const Area &window);
     void drawOutputTags();
     void drawLayerCards();

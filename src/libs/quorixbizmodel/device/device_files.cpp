@@ -34,11 +34,8 @@ std::shared_ptr<File> newFile(FileType type) {
 
 template <class List>
 Files sharedFilesOf(QReadWriteLock &lock, const List &list) {
-    const ReadGuard guard(lock);
-    Files files;
-    files.reserve(list.size());
-    std::copy_if(list.begin(), list.end(), std::back_inserter(files), [](const auto &file) { return file != nullptr; });
-    return files;
+    auto entries = presentEntries(lock, list);
+    return {std::make_move_iterator(entries.begin()), std::make_move_iterator(entries.end())};
 }
 
 } // namespace
@@ -176,14 +173,11 @@ bool Device::addUmdFile(const std::weak_ptr<File> &file) {
         qWarning() << "Device add umd file has failed!The umd is null.";
         return false;
     }
-    // Before the list: who finds the file there finds its owner.
-    const int id = added->fileId();
-    added->setOwerDevice(weak_from_this());
-    if (appendOnce(m_umdsRWLock, m_umdFiles, added))
-        return true;
-    qWarning() << "Device add umd has failed!The umd is exists."
-               << " id" << id;
-    return false;
+    const bool isAdded = appendOnce(m_umdsRWLock, m_umdFiles, added, weak_from_this());
+    if (!isAdded)
+        qWarning() << "Device add umd has failed!The umd is exists."
+                   << " id" << added->fileId();
+    return isAdded;
 }
 
 bool Device::removeUmdFile(const std::weak_ptr<File> &file) {

@@ -28,11 +28,20 @@ inline uint8_t lowestFreeFileId(const std::vector<std::shared_ptr<File>> &files,
     return static_cast<uint8_t>(std::find(isTaken.begin() + first, isTaken.end(), false) - isTaken.begin());
 }
 
-/// Appends a file to a list behind a lock unless it stands there.
+/// Gives a file its owner and appends it to a list behind a lock; nothing happens if it stands there.
 template <class T>
-bool appendOnce(QReadWriteLock &lock, std::vector<std::shared_ptr<T>> &list, const std::shared_ptr<T> &file) {
+bool appendOnce(QReadWriteLock &lock, std::vector<std::shared_ptr<T>> &list, const std::shared_ptr<T> &file,
+                std::weak_ptr<Device> owner) {
+    const auto isThere = [&] { return std::find(list.begin(), list.end(), file) != list.end(); };
+    {
+        const ReadGuard guard(lock);
+        if (isThere())
+            return false;
+    }
+    // Before the list: who finds the file there finds its owner. Not under the list's lock, the file has its own.
+    file->setOwerDevice(std::move(owner));
     const WriteGuard guard(lock);
-    if (std::find(list.begin(), list.end(), file) != list.end())
+    if (isThere())
         return false;
     list.push_back(file);
     return true;

@@ -4,7 +4,6 @@
 #include <quorixbizmodel/common/guarded.h>
 #include <quorixbizmodel/common/lists.h>
 #include <quorixbizmodel/common/modelthread.h>
-#include <quorixbizmodel/common/numbers.h>
 #include <quorixbizmodel/common/quorixbizconstants.h>
 #include <quorixbizmodel/device/device_files_p.h>
 #include <quorixbizmodel/files/image.h>
@@ -19,11 +18,11 @@ namespace {
 
 using FileType = Enum::File::FileType;
 
-/// Bytes in the store of backgrounds.
+/// Bytes in the store of backgrounds; the largest size stays below 2^64.
 quint64 backgroundBytes(const QSize &size) {
     const auto width = static_cast<quint64>(std::max(size.width(), 0));
     const auto height = static_cast<quint64>(std::max(size.height(), 0));
-    return saturatedProduct((width + 15) / 16 * 16 * height, 4);
+    return (width + 15) / 16 * 16 * height * 4;
 }
 
 /// Appends an image to the list of its class; false for an image of another class.

@@ -19,9 +19,7 @@ bool Device::addPreset(const std::weak_ptr<File> &file) {
         qWarning() << "Device add preset has failed!The preset is null.";
         return false;
     }
-    // Before the list: who finds the preset there finds its owner.
-    preset->setOwerDevice(weak_from_this());
-    if (!appendOnce(m_presetsRWLock, m_presets, preset)) {
+    if (!appendOnce(m_presetsRWLock, m_presets, preset, weak_from_this())) {
         qWarning() << "Device add preset has failed!The preset is exists."
                    << " id" << preset->fileId() << " name=" << preset->name();
         return false;

@@ -7,7 +7,6 @@
 #include <quorixbizmodel/common/lists.h>
 #include <quorixbizmodel/files/image.h>
 #include <quorixbizmodel/layers/layer.h>
-#include <quorixbizmodel/screens/mvrscreen.h>
 #include <quorixbizmodel/screens/screen.h>
 #include <quorixbizmodel/screens/screenkinds.h>
 #include <quorixbizmodel/topology/input.h>
@@ -16,7 +15,6 @@
 #include <quorixbizmodel/topology/topology_p.h>
 
 #include <QDebug>
-#include <QSet>
 #include <QStringList>
 
 #include <algorithm>
@@ -55,7 +53,6 @@ QString wordOf(const PictureKind *kind) { return kind == nullptr ? QString() : Q
 
 constexpr int kAllScreens = toInt(ScreenType::AllScreenType);
 constexpr int kProgrammeScreens = maskOf(ScreenType::RegularScreen, ScreenType::AUXScreen);
-constexpr int kRegularAndCut = maskOf(LayerType::Regular, LayerType::Cut);
 
 template <class List, class Predicate>
 bool anyOf(const List &list, Predicate matches) {
@@ -214,7 +211,7 @@ std::weak_ptr<Screen> Device::findScreenOfUseOutput(const std::weak_ptr<Output> 
 }
 
 bool Device::isSourceUsedByRegulerLayer(const uint32_t &id, SourceType type) {
-    return !layersBySource(id, type, toInt(ScreenType::RegularScreen), kRegularAndCut).isEmpty();
+    return anyOf(screenList(toInt(ScreenType::RegularScreen)), shows(type, id));
 }
 
 bool Device::isSourceUsedByAux(const uint32_t &id, SourceType type) {

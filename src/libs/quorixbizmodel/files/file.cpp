@@ -38,7 +38,7 @@ File::File() { moveToModelThread(*this); }
 
 File::File(FileType type) : File() { m_detail.fileType = toInt(type); }
 
-File::File(const File & /*other*/) : QObject(), std::enable_shared_from_this<File>() { moveToModelThread(*this); }
+File::File(const File &other) : QObject(), std::enable_shared_from_this<File>(other) { moveToModelThread(*this); }
 
 File &File::operator=(const File & /*other*/) { return *this; }
 

@@ -181,9 +181,9 @@ void Image::setImage(const QImage &image, bool isAsync) {
         ++m_imageVersion;
         m_originalImageHashKey = invalidPicture;
         m_pOriginalPixmap.swap(none);
-        return;
     }
-    if (!hasPixmaps()) {
+    // A null picture gives no pixmap either, and both are said.
+    if (image.isNull() || !hasPixmaps()) {
         qDebug() << "pix is null";
         return;
     }

@@ -107,7 +107,7 @@ bool Preset::preCheckPresetValidity(QString &errMsg) {
     const auto device = owerDevice().lock();
     if (device == nullptr)
         return fails(tr("The device object where the preset is located is invalid."));
-    const auto screens = presetDetail().screens;
+    const auto screens = copyOf(m_detailRWLock, m_contents.screens);
     if (screens.empty())
         return fails(tr("The regular screen list and aux screen list is empty in the preset."));
     std::size_t matched = 0;
@@ -166,7 +166,7 @@ void Preset::checkLayerSourceValidity() {
         qWarning() << "device is null";
         return;
     }
-    auto layers = presetDetail().layers;
+    auto layers = copyOf(m_detailRWLock, m_contents.layers);
     for (auto &layer : layers)
         if (!isSourceThere(*device, layer.source.general))
             layer.source.general = {.type = toInt(SourceType::Empty), .id = std::numeric_limits<std::uint32_t>::max()};
@@ -186,7 +186,7 @@ bool Preset::presetSelectedScreens(QList<std::weak_ptr<Screen>> &selectedScreens
         qWarning().noquote() << errMsg;
         return false;
     }
-    for (const auto &covered : presetDetail().screens)
+    for (const auto &covered : copyOf(m_detailRWLock, m_contents.screens))
         if (const auto screen = screenOf(*device, covered); screen != nullptr && screen->isComplete())
             selectedScreens.append(screen);
     return true;
@@ -232,7 +232,7 @@ void Preset::afterCheckPresetValidity(QString &errMsg) {
         errMsg = tr("Failed to load preset: ") + tr("The device object is null.");
         return;
     }
-    const auto screens = presetDetail().screens;
+    const auto screens = copyOf(m_detailRWLock, m_contents.screens);
     QStringList regular;
     QStringList aux;
     for (const auto &covered : screens) {

@@ -5,6 +5,7 @@
 #include <quorixbizmodel/files/content_p.h>
 
 #include <tuple>
+#include <utility>
 
 namespace Quorix::ProtoModel {
 
@@ -35,10 +36,10 @@ void UserKey::initUserKeyModelData(const Detail &fileDetail) {
     std::ignore = assign(m_detailRWLock, m_contents.name, fileDetail.general.name);
 }
 
-void UserKey::setUserKeyDetail(const s_UserKeyDetail &detail) {
+void UserKey::setUserKeyDetail(s_UserKeyDetail detail) {
     setFileType(FileType::UserKeyFile);
     setName(QString::fromStdString(detail.name));
-    std::ignore = assign(m_detailRWLock, m_contents, detail);
+    std::ignore = assign(m_detailRWLock, m_contents, std::move(detail));
 }
 
 s_UserKeyDetail UserKey::getUserKeyDetail() const { return copyOf(m_detailRWLock, m_contents); }

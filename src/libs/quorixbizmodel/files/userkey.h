@@ -58,7 +58,7 @@ public:
     void initUserKeyModelData(const Detail &fileDetail);
 
     /// Replaces the content, without a signal of its own, and names the file after it.
-    void setUserKeyDetail(const s_UserKeyDetail &detail);
+    void setUserKeyDetail(s_UserKeyDetail detail);
     [[nodiscard]] s_UserKeyDetail getUserKeyDetail() const;
     /// The device's list isn't sorted again.
     void setUserkeyId(uint8_t id);

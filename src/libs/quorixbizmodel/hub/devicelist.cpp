@@ -6,6 +6,7 @@
 #include <quorixbizmodel/common/lists.h>
 #include <quorixbizmodel/common/modelthread.h>
 #include <quorixbizmodel/device/device.h>
+#include <quorixbizmodel/files/preset.h>
 #include <quorixbizmodel/persistence/savedevicedatathread.h>
 #include <quorixbizmodel/screens/screen.h>
 
@@ -167,6 +168,9 @@ void DeviceList::setActivtedDevice(const std::weak_ptr<Device> &pDevice, bool is
         m_pActivedDevice = device;
     if (device != nullptr)
         device->setIsNeedRepaintPreset(true);
+    if (isOther && device != nullptr)
+        for (const auto &file : livingReferences(device->presets()))
+            static_cast<Preset &>(*file).setIsNeedRepaint(true);
     if (isOther || isEmit)
         Q_EMIT signalActivedDeviceChanged();
 }

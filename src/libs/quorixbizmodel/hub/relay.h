@@ -6,7 +6,6 @@
 #include <quorixbizmodel/hub/devicelist.h>
 
 #include <algorithm>
-#include <functional>
 #include <memory>
 #include <tuple>
 #include <type_traits>
@@ -63,7 +62,7 @@ public:
         static_assert(
             std::is_same_v<std::tuple<std::decay_t<H>...>, std::tuple<std::weak_ptr<Owner>..., std::decay_t<A>...>>,
             "a hub signal takes the owners, then the source's own arguments");
-        call(from, [to](const auto &...arguments) { Q_EMIT std::invoke(to, DeviceList::instance(), arguments...); });
+        call(from, [to, hub = DeviceList::instance()](const auto &...arguments) { Q_EMIT(hub->*to)(arguments...); });
     }
 
     /// A row that does more than repeat: @p action is called with the owners, then the arguments of the signal.

@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include <algorithm>
 #include <cerrno>
@@ -26,6 +27,9 @@ namespace {
 namespace fs = std::filesystem;
 
 enum class Kind { New, Old, Gone };
+
+/// What fits into one byte array, whose own head counts.
+constexpr off_t kMaxFileSize = std::numeric_limits<int>::max() - 1024;
 
 constexpr std::pair<Kind, std::string_view> kSuffixes[] = {
     {Kind::Old, ".old"}, {Kind::New, ".new"}, {Kind::Gone, ".gone"}};
@@ -186,7 +190,9 @@ QString FolderWriter::errorString() const { return qt_error_string(m_error); }
 
 bool FolderWriter::begin() {
     errno = EINVAL;
-    if (!check(isFolderName(m_name) && makePath(m_operations, m_root) && recover(m_operations, m_root, m_name)))
+    // Under a root without a name the folder would stand at the top of the file system.
+    if (!check(!m_root.empty() && isFolderName(m_name) && makePath(m_operations, m_root) &&
+               recover(m_operations, m_root, m_name)))
         return false;
     m_isBegun = check(m_operations.makeFolder(m_new.c_str()) == 0);
     return m_isBegun;
@@ -198,10 +204,18 @@ bool FolderWriter::add(const QString &name, const char *text, std::size_t size) 
     return check(file.isOpen() && file.write(text, size) && file.sync() && file.close());
 }
 
-bool FolderWriter::addOthers() {
-    for (const auto &entry : entriesOf(m_target)) {
-        const QString name = QFile::decodeName(entry.path().filename().c_str());
+bool FolderWriter::addOthers(const std::string &below) {
+    for (const auto &entry : entriesOf(m_target + '/' + below)) {
+        const std::string path = below + entry.path().filename().string();
+        const QString name = QFile::decodeName(path.c_str());
         std::error_code error;
+        if (fs::is_directory(entry.symlink_status(error))) {
+            const std::string made = m_new + '/' + path;
+            if (!check(m_operations.makeFolder(made.c_str()) == 0) || !addOthers(path + '/') ||
+                !check(syncFolder(m_operations, made)))
+                return false;
+            continue;
+        }
         if (m_written.count(name) != 0 || !entry.is_regular_file(error))
             continue;
         QByteArray bytes;
@@ -264,7 +278,13 @@ void removeFolder(FileOperations &operations, const QString &root, const QString
         removeTree(operations, gone);
 }
 
-QStringList folderNames(const QString &root) { return QDir(root).entryList(QDir::Dirs | QDir::NoDotAndDotDot); }
+bool makeFolders(FileOperations &operations, const QString &path) {
+    return !path.isEmpty() && makePath(operations, localName(path)) && QFileInfo(path).isDir();
+}
+
+QStringList folderNames(const QString &root) {
+    return root.isEmpty() ? QStringList() : QDir(root).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+}
 
 int readFile(FileOperations &operations, const QString &path, QByteArray &bytes) {
     // Nothing that waits for a writer is a document.
@@ -274,7 +294,7 @@ int readFile(FileOperations &operations, const QString &path, QByteArray &bytes)
         return errno == ENOTDIR ? ENOENT : errno;
     if (!S_ISREG(about.st_mode))
         return S_ISDIR(about.st_mode) ? EISDIR : EINVAL;
-    if (about.st_size >= std::numeric_limits<int>::max())
+    if (about.st_size > kMaxFileSize)
         return EFBIG;
     bytes = QByteArray(static_cast<int>(about.st_size), Qt::Uninitialized);
     int size = 0;

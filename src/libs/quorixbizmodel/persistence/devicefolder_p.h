@@ -31,14 +31,16 @@ public:
     [[nodiscard]] bool begin();
     /// Writes a file, to the disk; a second one of a name takes the place of the first.
     [[nodiscard]] bool add(const QString &name, const char *text, std::size_t size);
-    /// Takes the files of the present folder over that have not been written.
-    [[nodiscard]] bool addOthers();
+    /// Takes over what the present folder holds beside the files that have been written.
+    [[nodiscard]] bool addOthers() { return addOthers({}); }
     /// Puts the new folder in the place of the old one. False also when it is there, but not known to be on the disk.
     [[nodiscard]] bool commit();
     [[nodiscard]] QString errorString() const;
 
 private:
     [[nodiscard]] bool check(bool isDone);
+    /// @param below a folder in the present one, with a slash at its end; empty: that one itself
+    [[nodiscard]] bool addOthers(const std::string &below);
     [[nodiscard]] bool replace();
 
     FileOperations &m_operations;
@@ -56,6 +58,9 @@ void recoverFolders(FileOperations &operations, const QString &root);
 
 /// Removes a folder with all that is in it.
 void removeFolder(FileOperations &operations, const QString &root, const QString &name);
+
+/// Makes a folder and those above it, each of them lasting; false if it isn't there afterwards.
+[[nodiscard]] bool makeFolders(FileOperations &operations, const QString &path);
 
 /// Names of the folders under a root, as QDir lists them; those that begin with a dot aren't among them.
 [[nodiscard]] QStringList folderNames(const QString &root);

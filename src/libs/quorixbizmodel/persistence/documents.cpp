@@ -93,6 +93,12 @@ void ModelArchive::restoreList(List &list, Documents &documents) {
     }
 }
 
+template <class Base, class Kind, class State, class Field>
+void ModelArchive::restoreKind(Kind &object, State &state, Field Kind::*to, Field State::*from) {
+    restore(static_cast<Base &>(object), state);
+    object.*to = std::move(state.*from);
+}
+
 // Without locks: nobody else knows the objects yet.
 
 void ModelArchive::restore(Device &device, DeviceDocument &document) {
@@ -128,8 +134,7 @@ void ModelArchive::restore(Screen &screen, ScreenDocument &document) {
 }
 
 void ModelArchive::restore(MVRScreen &screen, MVRScreenDocument &document) {
-    restore(static_cast<Screen &>(screen), document);
-    screen.m_rowColSpan = document.m_rowColSpan;
+    restoreKind<Screen>(screen, document, &MVRScreen::m_rowColSpan, &MVRScreenDocument::m_rowColSpan);
 }
 
 void ModelArchive::restore(Subcard &card, SubcardDocument &document) {
@@ -157,13 +162,11 @@ void ModelArchive::restore(Interface &interface, InterfaceState &state) {
 }
 
 void ModelArchive::restore(Input &input, InputState &state) {
-    restore(static_cast<Interface &>(input), state);
-    input.m_pickUpPoint = state.m_pickUpPoint;
+    restoreKind<Interface>(input, state, &Input::m_pickUpPoint, &InputState::m_pickUpPoint);
 }
 
 void ModelArchive::restore(Output &output, OutputState &state) {
-    restore(static_cast<Interface &>(output), state);
-    output.m_outputZorder = state.m_outputZorder;
+    restoreKind<Interface>(output, state, &Output::m_outputZorder, &OutputState::m_outputZorder);
 }
 
 void ModelArchive::restore(File &file, FileState &state) { file.m_detail = std::move(state.m_detail); }
@@ -175,18 +178,15 @@ void ModelArchive::restore(Image &image, ImageState &state) {
 }
 
 void ModelArchive::restore(Preset &preset, PresetState &state) {
-    restore(static_cast<File &>(preset), state);
-    preset.m_contents = std::move(state.m_contents);
+    restoreKind<File>(preset, state, &Preset::m_contents, &PresetState::m_contents);
 }
 
 void ModelArchive::restore(UserKey &key, UserKeyState &state) {
-    restore(static_cast<File &>(key), state);
-    key.m_contents = std::move(state.m_contents);
+    restoreKind<File>(key, state, &UserKey::m_contents, &UserKeyState::m_contents);
 }
 
 void ModelArchive::restore(Keypad &keypad, KeypadState &state) {
-    restore(static_cast<File &>(keypad), state);
-    keypad.m_keypadInfo = std::move(state.m_keypadInfo);
+    restoreKind<File>(keypad, state, &Keypad::m_keypadInfo, &KeypadState::m_keypadInfo);
 }
 
 namespace {

@@ -116,6 +116,9 @@ private:
     static std::shared_ptr<Object> make();
     template <class List, class Documents>
     static void restoreList(List &list, Documents &documents);
+    /// Puts back what a kind shares with others, and the one field that it has beside that.
+    template <class Base, class Kind, class State, class Field>
+    static void restoreKind(Kind &object, State &state, Field Kind::*to, Field State::*from);
     static void restore(Screen &screen, ScreenDocument &document);
     static void restore(MVRScreen &screen, MVRScreenDocument &document);
     static void restore(Subcard &card, SubcardDocument &document);

@@ -17,6 +17,7 @@
 #include <cerrno>
 #include <iterator>
 #include <mutex>
+#include <tuple>
 
 namespace Quorix::BizModel {
 
@@ -28,29 +29,26 @@ std::mutex &foldersMutex() {
     return mutex;
 }
 
-/// Makes a root that isn't there; false if that fails.
-bool hasRoot(const QString &root) {
-    const QDir folder(root);
-    return folder.exists() || folder.mkpath(QStringLiteral("."));
-}
-
 } // namespace
 
 Serailizer::Serailizer(const QString &path) : Serailizer(path, FileOperations::system()) {}
 
 Serailizer::Serailizer(const QString &path, FileOperations &operations) : m_strFileDir(path), m_operations(operations) {
-    const QDir above = QFileInfo(path).absoluteDir();
-    if (!above.exists())
-        above.mkpath(QStringLiteral("."));
+    std::ignore = makeFolders(m_operations, QFileInfo(path).absolutePath());
 }
 
 Serailizer::~Serailizer() = default;
 
+bool Serailizer::hasRoot() {
+    const std::scoped_lock guard(foldersMutex());
+    if (!makeFolders(m_operations, m_strFileDir))
+        return false;
+    recoverFolders(m_operations, m_strFileDir);
+    return true;
+}
+
 bool Serailizer::serailize() {
-    {
-        const std::scoped_lock guard(foldersMutex());
-        recoverFolders(m_operations, m_strFileDir);
-    }
+    std::ignore = hasRoot(); // without one, each device says why it isn't stored
     ModelArchive archive;
     QSet<QString> kept;
     const auto keepPresent = [&] {
@@ -86,12 +84,12 @@ bool Serailizer::serailize(std::weak_ptr<Device> device) {
 bool Serailizer::serailizeDevice(std::weak_ptr<Device> device) { return storeDevice(device, Others::Kept); }
 
 bool Serailizer::storeDevice(const std::weak_ptr<Device> &reference, Others others) {
+    ModelArchive archive; // outlives the reference here, so that none ends on this thread
     const auto device = reference.lock();
     if (device == nullptr) {
         qDebug() << "Device is null";
         return false;
     }
-    ModelArchive archive;
     archive.hold(device);
     const std::scoped_lock guard(foldersMutex());
     const QString id = device->ipMacSn();
@@ -124,12 +122,8 @@ bool Serailizer::unserailize(QString &errMsg) {
 }
 
 QStringList Serailizer::deviceFolders() {
-    if (!hasRoot(m_strFileDir))
+    if (!hasRoot())
         return {};
-    {
-        const std::scoped_lock guard(foldersMutex());
-        recoverFolders(m_operations, m_strFileDir);
-    }
     const QDir root(m_strFileDir);
     QStringList paths;
     for (const auto &name : folderNames(m_strFileDir))
@@ -192,7 +186,8 @@ QByteArray Serailizer::readBytes(const QString &fileName, QString &errMsg) {
 }
 
 QString Serailizer::readAll(QString fileName, QString &errMsg) {
-    return QString::fromUtf8(readBytes(fileName, errMsg).constData());
+    // As a text file is read.
+    return QString::fromUtf8(readBytes(fileName, errMsg).constData()).remove('\r');
 }
 
 void Serailizer::removeFolders(const QStringList &names) {
@@ -202,13 +197,13 @@ void Serailizer::removeFolders(const QStringList &names) {
 }
 
 bool Serailizer::removeDeviceData() {
-    if (hasRoot(m_strFileDir))
+    if (hasRoot())
         removeFolders(folderNames(m_strFileDir));
     return true;
 }
 
 bool Serailizer::removeDeviceData(QString removeIpAddress) {
-    if (hasRoot(m_strFileDir) && folderNames(m_strFileDir).contains(removeIpAddress))
+    if (hasRoot() && folderNames(m_strFileDir).contains(removeIpAddress))
         removeFolders({removeIpAddress});
     return true;
 }

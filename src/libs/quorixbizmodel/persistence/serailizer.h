@@ -42,7 +42,7 @@ public:
     bool serailize();
     /// Stores one device and leaves the other folders alone. False, with a warning, for one that has gone.
     bool serailize(std::weak_ptr<Device> device);
-    /// The same, but files of the folder that the device doesn't write itself stay. Two presets with one id have one
+    /// The same, but what the device doesn't write itself stays in the folder. Two presets with one id have one
     /// file, that of the later one.
     /// @return false if not all could be written; the reason is logged at debug level, and the folder is as it was
     bool serailizeDevice(std::weak_ptr<Device> device);
@@ -78,6 +78,8 @@ public:
     bool removeDeviceData(QString removeIpAddress);
 
 private:
+    /// Makes a root that isn't there, and clears what interrupted stores have left under it; false without one.
+    bool hasRoot();
     enum class Others { Removed, Kept };
     /// Stores a device in its folder. @param others what becomes of files there that the device doesn't write
     bool storeDevice(const std::weak_ptr<Device> &reference, Others others);

@@ -16,9 +16,6 @@ namespace Quorix::BizModel {
 
 namespace {
 
-using Enum::Layer::LayerType;
-using Enum::Layer::SceneType;
-
 /// More cells to a side than any wall has, so that a grid of any size ends.
 constexpr int kMaxCells = 256;
 

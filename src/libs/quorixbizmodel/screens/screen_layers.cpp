@@ -3,6 +3,7 @@
 #include <quorixbizmodel/screens/screen.h>
 
 #include <quorixbizmodel/common/enumtools.h>
+#include <quorixbizmodel/common/guarded.h>
 #include <quorixbizmodel/common/helper.h>
 #include <quorixbizmodel/common/lists.h>
 #include <quorixbizmodel/common/modelthread.h>
@@ -216,7 +217,9 @@ Layers Screen::layersOf(int sceneType, int layertype) const {
 
 Layers Screen::layersOfSource(SourceType source, uint32_t id) const {
     return layersIf(layersOf(kAllScenes, kAllTypes),
-                    [&](const Layer &layer) { return layer.sourceType() == source && layer.sourceId() == id; });
+                    [wanted = ProtoModel::Layer::s_LayerSourceGeneral{toInt(source), id}](const Layer &layer) {
+                        return copyOf(layer.m_detailRWLock, layer.m_detail.source.general) == wanted;
+                    });
 }
 
 QList<std::weak_ptr<Layer>> Screen::layers(int sceneType, int layertype) const {

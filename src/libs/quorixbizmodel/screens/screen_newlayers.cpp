@@ -21,9 +21,6 @@ namespace Quorix::BizModel {
 namespace {
 
 using Constants::Layer::maxId; // reserved for "none"
-using Enum::Layer::SceneType;
-using Enum::Layer::SourceType;
-using Enum::Screen::ScreenType;
 
 /// The first of the numbered names that @p isTaken doesn't hold for.
 template <class IsTaken>

@@ -19,7 +19,6 @@
 namespace Quorix::BizModel {
 
 using ProtoModel::s_InterfaceID;
-using ProtoModel::Screen::s_Feather;
 using ProtoModel::Screen::s_FeatherArray;
 using ProtoModel::Screen::s_OutputDetail;
 using ProtoModel::Screen::s_OutputDetailArray;

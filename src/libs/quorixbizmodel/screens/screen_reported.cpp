@@ -14,7 +14,6 @@ namespace Quorix::BizModel {
 namespace {
 
 using Enum::Layer::LayerType;
-using Enum::Layer::SceneType;
 using LayerDetail = ProtoModel::Layer::s_LayerFullDetail;
 
 /// Whether a cut layer in use is fed by an input that takes more than a single link, or has no connector: a key has

@@ -20,7 +20,6 @@ namespace {
 
 namespace Limit = Constants::Interface;
 using Enum::Interface::CapacityMode;
-using Enum::Interface::ColorDepth;
 using Enum::Interface::ColorSpace;
 
 /// How a bandwidth is shown.

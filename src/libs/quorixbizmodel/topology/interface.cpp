@@ -24,7 +24,7 @@ Interface::Interface(std::weak_ptr<Device> device, uint8_t slotId, uint8_t conne
     initInterfaceData(slotId, connectorId);
 }
 
-Interface::Interface(const Interface &other) : QObject(), std::enable_shared_from_this<Interface>() {
+Interface::Interface(const Interface &other) : QObject(), std::enable_shared_from_this<Interface>(other) {
     moveToModelThread(*this);
     *this = other;
 }
