@@ -63,8 +63,7 @@ void runDemo(const Invocation &call) {
     tour.step(QStringLiteral("What a display would read in it"),
               {QStringLiteral("edid"), QStringLiteral("show"), edid});
     tour.step(QStringLiteral("Processors from their reports"), QStringList(QStringLiteral("show")) + reports);
-    tour.step(QStringLiteral("What a listener hears while a report goes in"),
-              {QStringLiteral("events"), small});
+    tour.step(QStringLiteral("What a listener hears while a report goes in"), {QStringLiteral("events"), small});
     tour.step(QStringLiteral("What it hears while an operator works"),
               {QStringLiteral("edit"), full, QStringLiteral("move regular:0/pvw/8 2600,1300"),
                QStringLiteral("opacity regular:0/pvw/9 60"), QStringLiteral("source regular:0/pvw/1 input:2-3"),
@@ -75,8 +74,8 @@ void runDemo(const Invocation &call) {
                                 ? call.options.value(QStringLiteral("output"))
                                 : QDir::temp().filePath(QStringLiteral("quorix-wall.png")));
     const auto draw = [&](const char *title, const QString &report, const QString &screen, const QString &path) {
-        tour.step(QString::fromLatin1(title), {QStringLiteral("draw"), report, QStringLiteral("--screen"), screen,
-                                               QStringLiteral("-o"), path});
+        tour.step(QString::fromLatin1(title),
+                  {QStringLiteral("draw"), report, QStringLiteral("--screen"), screen, QStringLiteral("-o"), path});
     };
     const QString wall = picture.absoluteFilePath();
     const QString multiviewer = picture.absoluteDir().filePath(
@@ -90,7 +89,7 @@ void runDemo(const Invocation &call) {
               QStringList{QStringLiteral("store"), full} + stored);
     tour.step(QStringLiteral("And back, as after a restart"),
               QStringList{QStringLiteral("load"), QStringLiteral("--verify")} + stored);
-    call.out << "\nThe tour is over: " << reports.size() << " processors, all of it from " << call.dataDirectory
+    call.out << "\nThe tour is over: " << reports.size() + 1 << " processors, all of it from " << call.dataDirectory
              << ". The multiviewer and the wall:\n"
              << multiviewer << '\n'
              << wall << '\n';
