@@ -93,7 +93,7 @@ void runDemo(const Invocation &call) {
               QStringList{QStringLiteral("edit"), full, QStringLiteral("move regular:2/pvw/3 1800,900")} + stored);
     tour.step(QStringLiteral("And back, as after a restart"),
               QStringList{QStringLiteral("load"), QStringLiteral("--verify")} + stored);
-    call.out << "\nThe tour is over: " << reports.size() << " processors, all of it from " << call.dataDirectory
+    call.out << "\nThe tour is over: " << reports.size() + 1 << " processors, all of it from " << call.dataDirectory
              << ". The multiviewer and the wall:\n"
              << multiviewer << '\n'
              << wall << '\n';
