@@ -2,15 +2,10 @@
 #ifndef QUORIX_TESTS_LAYERS_H
 #define QUORIX_TESTS_LAYERS_H
 
-#include <quorixbizmodel/common/enumtools.h>
 #include <quorixbizmodel/layers/layerkinds.h>
 #include <screens/wall.h>
 
 namespace Quorix::Tests {
-
-using Enum::Layer::LayerType;
-using Enum::Layer::SceneType;
-using Enum::Layer::SourceType;
 
 /// The regular screen shows two outputs, 3840 by 1080 pixels, and a regular "layer", id 0 of PVW. Besides the "input"
 /// of 3840 by 2160 pixels there is a full-HD input "second".
@@ -23,12 +18,10 @@ struct Layers : Wall {
         place(*regular, {0, 1});
         auto detail = detailOf(1, 1);
         detail.presetTiming = fullHd();
-        QString error;
-        ASSERT_TRUE(device->addInterface(detail, error));
-        second = device->findInput(1, 1).lock();
-        second->setName(QStringLiteral("second"));
-        log.name(second.get(), QStringLiteral("second"));
-        layer = added(LayerType::Regular, QStringLiteral("layer"));
+        second = std::dynamic_pointer_cast<Input>(addedInterface(*device, detail));
+        second->setName("second");
+        log.name(second.get(), "second");
+        layer = added(LayerType::Regular, "layer");
     }
 
     /// A layer with id 0 in PVW; its events are taken off the log.

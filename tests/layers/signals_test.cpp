@@ -81,7 +81,7 @@ TEST_F(Signals, AnswerWithoutCorners) {
     EXPECT_TRUE(layer->umdEnabled());
     EXPECT_EQ(layer->umdColor(), ProtoModel::s_RGBO{});
     Layer::UMDData content;
-    content.AUXTip = content.SourceFrameRate = QStringLiteral("text");
+    content.AUXTip = content.SourceFrameRate = "text";
     layer->setUMDContent(content);
     ProtoModel::Layer::s_LayerUMDBodyArray corners(1);
     layer->generateLayerUMD(0, 0, corners);

@@ -30,8 +30,7 @@ TEST_F(Sources, ComeBackWithTheirCrops) {
     EXPECT_EQ(numbers(crops()[2]), numbers({}));
     second->setCropRect({0, 0, 64, 64}, {});
     layer->setSource(sourceOf(*second));
-    EXPECT_EQ(crops().size(), 3U);
-    EXPECT_EQ(crops()[1].width, 960);
+    EXPECT_TRUE(crops().size() == 3U && crops()[1].width == 960);
 }
 
 TEST_F(Sources, AreReportedInTwoHalves) {
@@ -61,9 +60,7 @@ TEST_F(Sources, AreCropped) {
     EXPECT_EQ(heard(), "LayerCropChanged(layer, \"ui\")");
     EXPECT_EQ(numbers(crops()[0]), (std::vector{-1, 9, 1, 540, -52, 833, 52, 50000, 0}));
     EXPECT_EQ(layer->cropRectOfLayer(), QRect(0, 0, 1920, 1080)); // the crop is off
-    Timing none = fullHd();
-    none.vertical.addTime = 0;
-    second->setPresetTiming(none);
+    second->setPresetTiming({0, 6000, {1920}, {0}});
     EXPECT_TRUE(layer->setSourceCropRect({3, 4, 5, 6}, {}));
     EXPECT_EQ(numbers(crops()[0]), (std::vector{3, 4, 5, 6, 0, 0, 0, 0, 0}));
 }
@@ -71,13 +68,12 @@ TEST_F(Sources, AreCropped) {
 TEST_F(Sources, KeepTheirPlaceInANewFrame) {
     layer->setSource(sourceOf(*second));
     layer->setSourceCropRect({480, 0, 960, 540}, {});
-    const auto other = added(LayerType::AUX, QStringLiteral("other"));
+    const auto other = added(LayerType::AUX, "other");
     other->setSource(sourceOf(*second));
     other->setSource(sourceOf(*input));
     log.take();
     second->setPresetTiming(ultraHd());
-    EXPECT_EQ(log.take().filter(QStringLiteral("LayerCrop")).join(' '),
-              "signalLayerCropChanged(device, regular, layer, \"\")");
+    EXPECT_EQ(log.take().filter("LayerCrop").join(' '), "signalLayerCropChanged(device, regular, layer, \"\")");
     EXPECT_EQ(layer->souceCropRect(), QRect(960, 0, 1920, 1080));
     EXPECT_EQ(other->souceCropRect(second), QRect(0, 0, 1920, 1080)); // not shown: stays behind
     second->setActualTiming(fullHd());
@@ -96,12 +92,9 @@ TEST_F(Sources, KeepTheirPlaceInANewFrame) {
 }
 
 TEST_F(Sources, AreWorkedOutFromARecord) {
-    Timing wide = fullHd();
-    wide.horizontal.addTime = 32000;
-    second->setPresetTiming(wide);
+    second->setPresetTiming({0, 6000, {32000}, {1080}});
     Layer::Crop gone;
-    gone.type = toInt(SourceType::Input);
-    gone.id = 77;
+    gone.type = toInt(SourceType::Input), gone.id = 77;
     Layer::Crop known = gone;
     known.id = second->interfaceId();
     known.widthRatio = 90001; // times 32000 is past 31 bits
@@ -110,13 +103,12 @@ TEST_F(Sources, AreWorkedOutFromARecord) {
     log.take();
     layer->setLayerCrop();
     EXPECT_EQ(heard(), "LayerCropChanged(layer, \"\")");
-    EXPECT_THAT(MessageLog::take(), ElementsAre(QStringLiteral("warning: input is nullptr. 77")));
-    EXPECT_EQ(crops()[0], gone);
-    EXPECT_EQ(crops()[1].width, 28800);
+    EXPECT_THAT(MessageLog::take(), ElementsAre("warning: input is nullptr. 77"));
+    EXPECT_TRUE(crops()[0] == gone && crops()[1].width == 28800);
 }
 
 TEST_F(Sources, HaveNamesAndSizes) {
-    const auto five = addedScreen<RegularScreen>(QStringLiteral("five"), 5);
+    const auto five = addedScreen<RegularScreen>("five", 5);
     const std::tuple<SourceType, uint32_t, const char *, QSize> rows[] = {
         {SourceType::Input, second->interfaceId(), "second", {1920, 1080}},
         {SourceType::Input, 77, "N/A", {-1, -1}},
@@ -153,7 +145,7 @@ TEST_F(Sources, GiveTheCapacityOfTheirConnector) {
     EXPECT_EQ(layer->capacityString(), "4K");
     layer->setSource(sourceOf(SourceType::BKG, second->interfaceId()));
     EXPECT_EQ(layer->capacityString(), "SL");
-    const auto cut = added(LayerType::Cut, QStringLiteral("cut"));
+    const auto cut = added(LayerType::Cut, "cut");
     EXPECT_EQ(cut->capacityString(), "");
     cut->setSource(sourceOf(SourceType::Input, 77));
     EXPECT_EQ(cut->capacity(), Layer::Capacity::_SL);
@@ -166,8 +158,7 @@ TEST_F(Sources, AreProposedAside) {
     EXPECT_EQ(proposed.source.general, sourceOf(*second));
     ASSERT_EQ(proposed.source.crop.size(), 1U);
     EXPECT_EQ(numbers(proposed.source.crop[0]), (std::vector{480, 0, 960, 540, 0, 0, 100000, 100000, 0}));
-    EXPECT_TRUE(layer->constructSourceStruct(second->interfaceId(), 3).source.crop.empty());
-    EXPECT_TRUE(crops().empty());
+    EXPECT_TRUE(layer->constructSourceStruct(second->interfaceId(), 3).source.crop.empty() && crops().empty());
 }
 
 TEST_F(Sources, NeedAnOwner) {

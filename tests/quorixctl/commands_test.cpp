@@ -72,7 +72,7 @@ const Row kRows[] = {
     {"check @alder-max.json --screen 0 --layer 0", 2, "", "check wants --rect"},
 
     {"mvr open @larch.json", 0,
-     "signalScreenAddded|signalMVRStatusChanged|Rehearsal: the multiviewer is open|3-0 master Output 4-1 multiviewer "
+     "signalScreenAdded|signalMVRStatusChanged|Rehearsal: the multiviewer is open|3-0 master Output 4-1 multiviewer "
      "mvr:0 MVR 1, 1920x1080, grid 6x6, layers: 0 3-1 master AUX 1 AUX 3-2",
      ""},
     {"mvr open @hazel.json @larch.json", 1, "Room: the multiviewer is open|Rehearsal: the multiviewer is open",
@@ -103,7 +103,7 @@ const Row kRows[] = {
 
     {"backup @larch.json", 0, "hot backup is on, pairs: 3|4-0 Input 1-1 2 4-1 Input 1-2 0 4-0 Input 1-1 4-2", ""},
     {"backup @larch.json switch 4-0 4-1", 0,
-     "signalLayerSourceChanged|pvw/0|signalLayerSourceChanged|pgm/0|signalInterfaceRelationPairsChanged|4-0 Input 1-1 "
+     "signalLayerSourceChanged|pgm/0|signalLayerSourceChanged|pvw/0|signalInterfaceRelationPairsChanged|4-0 Input 1-1 "
      "0 "
      "4-1 Input 1-2 2 4-1 Input 1-2 4-2",
      ""},

@@ -83,6 +83,7 @@ TEST(Picture, NoReportBreaksIt) {
     constexpr double kMost = std::numeric_limits<std::int32_t>::max();
     ScreenView view;
     EXPECT_FALSE(textsOf(svgOf(pictureOf(view))).isEmpty());
+    view.cells = {Area{kLeast, kLeast, 2 * kMost, 2 * kMost}, Area{0, 0, 320, 180}, Area{}};
     view.name = QStringLiteral("<&>\"\x01 ") + QString(QChar(0xFFFF)) + QString(2000, QChar(0x4E3B));
     for (const Area &window : {Area{kLeast, kLeast, kMost, kMost}, Area{kMost, kMost, kMost, kMost}, Area{},
                                Area{5, 5, -9, -9}, Area{0, 0, 1, 1}, Area{kLeast, 0, 2 * kMost, 3}})

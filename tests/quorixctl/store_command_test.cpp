@@ -19,6 +19,15 @@ TEST(StoreCommand, StoresAndLoadsBack) {
     EXPECT_EQ(loaded.code, 0) << loaded.err << loaded.out;
     EXPECT_EQ(loaded.out.toStdString(), stored.out.toStdString() + "stored, loaded back, identical\n");
 
+    ASSERT_TRUE(QDir(folder.path()).mkdir("none"));
+    EXPECT_EQ(run({"load", "--verify", "--root", folder.filePath("none")}).code, 1) << "nothing to be identical with";
+
+    // An edited one takes the place of the one before.
+    const Outcome edited = run(QStringList{"edit", report("birch-mini.json"), "z-order regular:0/pvw/0 77"} + where);
+    EXPECT_EQ(edited.code, 0) << edited.err;
+    EXPECT_TRUE(edited.out.contains("Foyer"));
+    EXPECT_TRUE(run(QStringList{"load", "--verify"} + where).out.endsWith("stored, loaded back, identical\n"));
+
     // A store of one device leaves the other alone; a bad document doesn't end a load.
     const QDir devices(folder.filePath("devices"));
     const QStringList names = devices.entryList(QDir::Dirs | QDir::NoDotAndDotDot);

@@ -66,12 +66,11 @@ TEST_F(Budgets, OtherScreensCountWithTheLargerScene) {
     place(*regular, {0});
     const auto other = addedScreen<RegularScreen>(QStringLiteral("other"), 1);
     ASSERT_TRUE(other->addOutput(twin, {0, 0}, false));
-    const auto preview = added(*other, 0, kOnSix, Capacity::_DL, Scene::PVW, Source::Input, kInput);
-    const auto programme = added(*other, 0, kOnSix, Capacity::_SL, Scene::PGM);
-    for (const int id : {1, 2})
-        added(*other, id, kOnSix, Capacity::_SL, Scene::PGM);
+    added(*other, 0, kOnSix, Capacity::_DL, Scene::PVW, Source::Input, kInput);
+    const auto programme = added(*other, 0, kOnSix, Capacity::_DL, Scene::PGM, Source::Input, kInput);
+    added(*other, 1, kOnSix, Capacity::_SL, Scene::PGM);
     EXPECT_EQ(alloced(six), 6) << "4 in PVW, 6 in PGM";
-    EXPECT_EQ(alloced(six, programme), 4);
+    EXPECT_EQ(alloced(six, programme), 4) << "2 in PGM";
     added(*regular, 0, kOnSix, Capacity::_SL, Scene::PGM);
     EXPECT_EQ(alloced(six), 6) << "of the screen itself the scene asked for";
     added(*regular, 0, kOnSix);

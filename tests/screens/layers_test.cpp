@@ -35,7 +35,7 @@ struct LayerLists : Wall {
             texts.append(layer->name());
         return texts.join(' ');
     }
-    QString heard(const QString &screen = QStringLiteral("regular")) { return events(screen).join(' '); }
+    QString heard(const QString &screen = "regular") { return events(screen).join(' '); }
 };
 
 TEST_F(LayerLists, KeepTheirOrder) {
@@ -51,8 +51,9 @@ TEST_F(LayerLists, KeepTheirOrder) {
     EXPECT_FALSE(regular->containsLayer(id));
     const auto idle = regular->addLayer(Screen::createLayer(LayerType::AUX)).lock(); // in no scene yet
     EXPECT_EQ(regular->layer(idle->screenLayerId()).lock(), idle);
-    EXPECT_FALSE(regular->isExsitLayer("Cg0", SceneType::AllSceneType, LayerType::Cut));
-    EXPECT_EQ(regular->layerCount(6, 66), 4U); // no cut layer is switched on
+    // No cut layer is switched on.
+    EXPECT_TRUE(!regular->isExsitLayer("Cg0", SceneType::AllSceneType, LayerType::Cut) &&
+                regular->layerCount(6, 66) == 4U);
     const auto cuts = regular->PVWLayers(LayerType::Cut);
     cuts.first().lock()->setCutAndFill({.enable = true, .isBinding = false});
     EXPECT_EQ(Screen::filterCutLayer(cuts + References{{}}), 2U);
@@ -103,8 +104,7 @@ TEST_F(LayerLists, GiveNewLayersTheirNumbersAndNames) {
     EXPECT_THAT(regular->nextZOrder(chosen, 9), ElementsAre(8, 10, 12, 4));
     regular->PVWLayers(LayerType::Regular).first().lock()->setName("layer 1");
     EXPECT_EQ(regular->nextLayerName(0, SourceType::Input, PVW, LayerType::Regular), "layer 2");
-    EXPECT_THAT(regular->nextLayerName(chosen, SourceType::Input, 4),
-                ElementsAre("layer 2", "layer 3", "layer 4", "layer 1"));
+    EXPECT_EQ(regular->nextLayerName(chosen, SourceType::Input, 4).join('|'), "layer 2|layer 3|layer 4|layer 1");
 
     References many;
     for (int i = 0; i < 300; ++i)
@@ -118,16 +118,14 @@ TEST_F(LayerLists, AreSelectedByIdAndReleasedByObject) {
     const auto layers = add("Rv0 Rg0 Lv0");
     regular->appendSelectedLayer(layers + References{{}}, true);
     EXPECT_EQ(heard(), "SelectedLayersChanged(true)");
-    EXPECT_EQ(names(regular->selectedLayers()), "Rv0 Lv0");
-    EXPECT_FALSE(layers[1].lock()->selected());
+    EXPECT_TRUE(names(regular->selectedLayers()) == "Rv0 Lv0" && !layers[1].lock()->selected());
     regular->appendSelectedLayer({layers[0]}, true);
     regular->removeSelectedLayer(References{layers[1], {}}, true);
     EXPECT_EQ(heard(), "");
     regular->removeSelectedLayer(References{layers[0]}, true);
     EXPECT_EQ(heard(), "SelectedLayersChanged(true)");
-    EXPECT_FALSE(layers[0].lock()->selected());
     regular->clearSelectedLayers(false);
-    EXPECT_FALSE(layers[2].lock()->selected());
+    EXPECT_FALSE(layers[0].lock()->selected() || layers[2].lock()->selected());
 }
 
 TEST_F(LayerLists, AreReplacedByAReport) {
@@ -135,13 +133,10 @@ TEST_F(LayerLists, AreReplacedByAReport) {
     const auto kept = livingReferences(add("Rv0 Rg0 Cg0 Cg4")); // no new layer takes the place of an old one
     ProtoModel::Layer::s_LayerFullDetail cut;
     cut.layerIdenti = {{}, {.layerId = 1, .layerType = toInt(LayerType::Cut), .sceneType = toInt(PGM)}};
-    cut.cutFill.enable = true;
-    cut.selected = 2;
-    cut.general.name = "cut";
+    cut.cutFill.enable = true, cut.selected = 2, cut.general.name = "cut";
     cut.source.general = sourceOf(*input);
     auto fill = cut;
-    fill.layerIdenti.layerType = toInt(LayerType::Regular);
-    fill.general.name = "fill";
+    fill.layerIdenti.layerType = toInt(LayerType::Regular), fill.general.name = "fill";
     QString error;
     EXPECT_TRUE(regular->initPGMLayerData({cut, fill, {}}, error, false));
     EXPECT_EQ(heard(), "PGMLayerRemoved(Cg0) LayerRemoved(Cg0) PGMLayerRemoved(Rg0) LayerRemoved(Rg0) "
@@ -150,15 +145,13 @@ TEST_F(LayerLists, AreReplacedByAReport) {
     const auto white = regular->PGMLayers(LayerType::Cut).first().lock();
     EXPECT_TRUE(white->sourceType() == SourceType::NoSource && white->capacity() == Layer::Capacity::_SL);
     EXPECT_EQ(white->testColor(), (ProtoModel::s_ColorEnableRGB{{255, 255, 255}, 1}));
-    EXPECT_EQ(white->layerSource().source.crop.size(), 1U);
-    EXPECT_FALSE(white->signalsBlocked());
+    EXPECT_TRUE(white->layerSource().source.crop.size() == 1U && !white->signalsBlocked());
     EXPECT_EQ(regular->PGMLayers(LayerType::Regular).first().lock()->sourceType(), SourceType::Input);
 
     EXPECT_TRUE(regular->initModelData({fill, cut, {}}, error));
     QCoreApplication::sendPostedEvents();
     EXPECT_EQ(log.take().join(' '), "signalActivedScreenChanged(device, regular)");
-    EXPECT_EQ(names(regular->selectedLayers()), "fill cut");
-    EXPECT_EQ(regular->operationTarget(), PGM);
+    EXPECT_TRUE(names(regular->selectedLayers()) == "fill cut" && regular->operationTarget() == PGM);
 }
 
 TEST_F(LayerLists, LieOnTheirOutputs) {
@@ -168,8 +161,7 @@ TEST_F(LayerLists, LieOnTheirOutputs) {
     layers[1].lock()->setWindowRect({3840, 0, 10, 10}, {}, false);
     const auto rects = regular->layerFullScreenRect(layers + References{{}});
     ASSERT_EQ(rects.size(), 3);
-    EXPECT_EQ(rects[0].second, QRect(0, 0, 3840, 1080));
-    EXPECT_EQ(rects[1].second, QRect());
+    EXPECT_TRUE(rects[0].second == QRect(0, 0, 3840, 1080) && rects[1].second == QRect());
     EXPECT_EQ(aux->calcLayerMirrorRect(regular, {100, 7, 200, 50}), QRect(3540, 7, 200, 50));
 }
 

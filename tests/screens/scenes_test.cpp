@@ -5,27 +5,22 @@
 
 namespace Quorix::Tests {
 
-using State = Enum::Screen::State;
-
-struct Scenes : Wall {};
+using Scenes = Wall;
 
 TEST_F(Scenes, GoByTheirBrackets) {
-    const struct {
-        bool (Screen::*step)();
-        State from, to;
-    } rows[] = {
+    const std::tuple<bool (Screen::*)(), State, State> rows[] = {
         {&Screen::startTake, State::Normal, State::Taking},      {&Screen::endTake, State::Taking, State::Normal},
         {&Screen::startCut, State::Normal, State::Cut},          {&Screen::endCut, State::Cut, State::Normal},
         {&Screen::startTBar, State::Normal, State::Tbar_taking}, {&Screen::endTBar, State::Tbar_taking, State::Normal},
     };
-    for (const auto &row : rows)
+    for (const auto &[step, start, to] : rows)
         for (const auto from : {State::Normal, State::Taking, State::Resource_out, State::Tbar_taking, State::Cut}) {
-            SCOPED_TRACE(testing::Message() << "row " << &row - rows << " from " << toInt(from));
+            SCOPED_TRACE(testing::Message() << toInt(start) << '-' << toInt(to) << " from " << toInt(from));
             regular->setState(from);
             log.take();
-            const bool isAllowed = from == row.from;
-            EXPECT_EQ((regular.get()->*row.step)(), isAllowed);
-            EXPECT_EQ(regular->state(), isAllowed ? row.to : from);
+            const bool isAllowed = from == start;
+            EXPECT_EQ((regular.get()->*step)(), isAllowed);
+            EXPECT_EQ(regular->state(), isAllowed ? to : from);
             EXPECT_EQ(events().join(' '), isAllowed ? "ScreenStateChanged()" : "");
             EXPECT_TRUE(!isAllowed || regular->lastState() == from);
         }
@@ -58,21 +53,18 @@ TEST_F(Scenes, SignalChangesOnly) {
         {"", [](Screen &s) { s.setFTB(true); }},
         {"FreezeChanged()", call(&Screen::setFreeze, true), "ScreenPGMFreezeChanged()"},
         {"PGMEditEnableChanged()", call(&Screen::setPGMEdit, true), "ScreenPGMEditChanged()"},
-        {"OperationTargetChanged()", call(&Screen::setOperationTarget, Enum::Layer::SceneType::PGM),
+        {"OperationTargetChanged()", call(&Screen::setOperationTarget, SceneType::PGM),
          "ScreenOperationTargetChanged()"},
         {"PhysicalUnitChanged()", call(&Screen::setPhysicalUnit, Screen::PhysicalUnitType::Meter), ""},
     };
-    for (const auto &row : rows) {
-        SCOPED_TRACE(&row - rows);
-        row.act(*regular);
-        row.act(*regular);
-        EXPECT_EQ(own.take().join(' ').remove("signal"), row.events);
-        EXPECT_EQ(events().join(' '), row.hub == nullptr ? row.events : row.hub);
+    for (const auto &[heardOfScreen, act, hub] : rows) {
+        act(*regular), act(*regular);
+        EXPECT_EQ(own.take().join(' ').remove("signal"), heardOfScreen);
+        EXPECT_EQ(events().join(' '), hub == nullptr ? heardOfScreen : hub) << heardOfScreen;
     }
     regular->setName(QString::fromUtf8("屏幕1"));
     EXPECT_EQ(regular->screenGeneral().nameGB2312, "C6C1C4BB31");
-    EXPECT_DOUBLE_EQ(regular->switchEffectTime(), 1.2);
-    EXPECT_DOUBLE_EQ(regular->TBarProcess(), 0.5);
+    EXPECT_DOUBLE_EQ(regular->switchEffectTime() + regular->TBarProcess(), 1.2 + 0.5);
 }
 
 TEST_F(Scenes, ComeWithARecordInSilence) {
@@ -83,20 +75,17 @@ TEST_F(Scenes, ComeWithARecordInSilence) {
     for (const auto &[percent, state] : {qMakePair(37, State::Tbar_taking), qMakePair(100, State::Normal)}) {
         detail.tbar.percent = percent;
         EXPECT_TRUE(regular->initModelData(device, detail, error));
-        EXPECT_EQ(regular->state(), state);
-        EXPECT_EQ(regular->lastState(), State::Normal);
+        EXPECT_TRUE(regular->state() == state && regular->lastState() == State::Normal);
         EXPECT_EQ(regular->storedState().m_detail, detail);
     }
     log.take();
     regular->unserailize(device);
-    EXPECT_EQ(device->selectedScreen(2).size(), 1);
-    EXPECT_THAT(own.take(), IsEmpty());
+    EXPECT_TRUE(device->selectedScreen(2).size() == 1 && own.take().isEmpty());
     regular->setIndex(3); // joined once
     EXPECT_THAT(events().filter("Index"), ElementsAre("ScreenIndexChanged()"));
     own.take();
     regular->clearAll();
-    EXPECT_THAT(own.take(), IsEmpty());
-    EXPECT_TRUE(regular->owerDevice().expired());
+    EXPECT_TRUE(own.take().isEmpty() && regular->owerDevice().expired());
     EXPECT_EQ(regular->storedState().m_detail, Screen::Detail()); // without what a new screen sets beside it
 }
 
@@ -107,8 +96,7 @@ TEST_F(Scenes, AnswerByKind) {
     place(*regular, {0, 1, 2});
     for (const bool isSupported : {true, false}) {
         main.IsSupportIncompleteSplicing = isSupported;
-        EXPECT_EQ(regular->isComplete(), isSupported);
-        EXPECT_EQ(regular->isSupportIncompleteSplicing(), isSupported);
+        EXPECT_TRUE(regular->isComplete() == isSupported && regular->isSupportIncompleteSplicing() == isSupported);
     }
     regular->setSpliceMode(Screen::ScreenSpliceMode::AnyShapedSplice);
     EXPECT_TRUE(regular->isComplete() && regular->isSupportIncompleteSplicing() && regular->isSupportOutputZOrder());
@@ -122,8 +110,7 @@ TEST_F(Scenes, AnswerByKind) {
 
     QObject parent;
     const EchoScreen echo(&parent);
-    EXPECT_EQ(EchoScreen(echo).parent(), &parent);
-    EXPECT_EQ(toInt(EchoScreen(echo).screenType()), 16);
+    EXPECT_TRUE(EchoScreen(echo).parent() == &parent && toInt(EchoScreen(echo).screenType()) == 16);
     EXPECT_EQ(Screen(*regular).storedState().m_detail, Screen().storedState().m_detail);
 }
 

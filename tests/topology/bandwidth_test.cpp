@@ -1,18 +1,10 @@
 /// What a connector carries: limits of inputs and outputs, the words of a refusal, overloads.
 #include "interfaces.h"
 
-#include <support/messagelog.h>
-
 #include <cmath>
 #include <limits>
 
 namespace Quorix::Tests {
-
-using namespace BizModel;
-using Enum::Interface::CapacityMode;
-using Enum::Interface::ColorDepth;
-using Enum::Interface::ColorSpace;
-using testing::ElementsAre;
 
 namespace {
 
@@ -21,36 +13,29 @@ constexpr auto kHalf = ColorSpace::YCbCr_4_2_2;
 constexpr auto kQuarter = ColorSpace::YCbCr_4_2_0;
 const char *const kNothing = "";
 
-struct Row {
-    int model;
-    int capacity;
-    int hTotal;
-    int vTotal;
-    float rate;
-    ColorSpace space;
-    int depth;
-    const char *error;
-};
+/// Model, capacity, total pixels and lines, rate, colour space, depth; what is refused.
+using Row = std::tuple<int, int, int, int, float, ColorSpace, int, const char *>;
 
 } // namespace
 
 struct Bandwidth : Chassis {
-    /// Checks a row on the first port of a card, whose record says the capacity.
-    template <class T>
-    void check(T &interface, Body body, const Row &row) {
-        body.modelId = row.model;
-        body.connectors.resize(1);
-        body.connectors[0].capacityMode = row.capacity;
-        reported(body);
-        QString error;
-        const bool isExceeded = interface.isBandwidthExceeded(row.hTotal, row.vTotal, row.rate, row.space,
-                                                              static_cast<ColorDepth>(row.depth), error);
-        EXPECT_EQ(error, QString(row.error));
-        EXPECT_EQ(isExceeded, !error.isEmpty());
+    /// Checks rows on the first port of a card, whose record says the capacity.
+    template <std::size_t count>
+    void check(Interface &port, const Body &card, const Row (&rows)[count]) {
+        for (const auto &[model, capacity, hTotal, vTotal, rate, space, depth, refusal] : rows) {
+            SCOPED_TRACE(testing::PrintToString(std::tuple(model, capacity, hTotal, rate, depth)));
+            Body body = card;
+            body.modelId = model;
+            body.connectors.resize(1);
+            body.connectors[0].capacityMode = capacity;
+            reported(body);
+            QString why;
+            EXPECT_EQ(port.isBandwidthExceeded(hTotal, vTotal, rate, space, ColorDepth(depth), why), *refusal != 0);
+            EXPECT_EQ(why, refusal);
+        }
     }
 
-    template <class T>
-    void place(T &interface, int slot) {
+    void place(Interface &interface, int slot) {
         interface.setOwerDevice(device);
         interface.setInterfaceId({slot, 0, 0});
     }
@@ -78,17 +63,15 @@ TEST_F(Bandwidth, OfOutputsGoesByCapacity) {
         {30533, 2, 2147483647, 2147483647, std::numeric_limits<float>::max(), kRgb, -1,
          "Maximum supported bandwidth:14.4Gbps,Current bandwidth:1.84467e+10Gbps."}, // no more than 64 bits hold
     };
-    for (const auto &row : rows) {
-        SCOPED_TRACE(&row - rows);
-        check(output, outputCard(), row);
-    }
+    check(output, outputCard(), rows);
 
     QString error;
     Output alone;
-    EXPECT_FALSE(alone.isBandwidthExceeded(2200, 1125, 500.0F, kRgb, ColorDepth::_8_, error));
-    place(alone, 7);
-    EXPECT_FALSE(alone.isBandwidthExceeded(2200, 1125, 500.0F, kRgb, ColorDepth::_8_, error));
-    EXPECT_EQ(error, QString());
+    for (const int slot : {0, 7}) { // without an owner, without a card
+        EXPECT_FALSE(alone.isBandwidthExceeded(2200, 1125, 500.0F, kRgb, ColorDepth::_8_, error) || !error.isEmpty())
+            << slot;
+        place(alone, 7);
+    }
 }
 
 TEST_F(Bandwidth, OfInputsGoesByCard) {
@@ -121,10 +104,7 @@ TEST_F(Bandwidth, OfInputsGoesByCard) {
         {30472, 2, 2200, 1125, 5000.0F, kRgb, 16, kNothing},
         {30472, 0, 2200, 1125, 100.0F, kRgb, 8, "Maximum supported bandwidth:165MHZ,Current bandwidth:247.5MHZ."},
     };
-    for (const auto &row : rows) {
-        SCOPED_TRACE(&row - rows);
-        check(input, singleLinks(), row);
-    }
+    check(input, singleLinks(), rows);
 }
 
 TEST_F(Bandwidth, OfInputsWithoutLimits) {
@@ -137,19 +117,15 @@ TEST_F(Bandwidth, OfInputsWithoutLimits) {
     place(input, 1);
     EXPECT_FALSE(isExceeded());
     EXPECT_THAT(messages.take(), ElementsAre("warning: not find this card,slot id is  1"));
-    Body body = singleLinks(0);
-    reported(body);
-    EXPECT_TRUE(isExceeded()); // no record of the connector: limits of 0
-    EXPECT_EQ(error, QStringLiteral("Maximum supported bandwidth:0MHZ,Current bandwidth:148.5MHZ."));
+    reported(singleLinks(0)); // no record of the connector: limits of 0
+    EXPECT_TRUE(isExceeded() && error == "Maximum supported bandwidth:0MHZ,Current bandwidth:148.5MHZ.");
     EXPECT_THAT(messages.take(), testing::Contains("warning: The pConnector is null"));
-    quint64 max = 7;
-    quint64 min = 5;
+    quint64 max = 7, min = 5;
     input.interfaceMaxMinBandWidth(max, min);
-    EXPECT_EQ(max, 7U);
-    EXPECT_EQ(min, 5U);
+    EXPECT_TRUE(max == 7U && min == 5U);
 
     // A depth that is asked of the signal: an actual 0 stays 0.
-    body = singleLinks();
+    Body body = singleLinks();
     body.modelId = 30474;
     reported(body);
     device->setDeviceOnlineFlag(true);
@@ -162,33 +138,26 @@ TEST_F(Bandwidth, OfInputsWithoutLimits) {
 }
 
 TEST_F(Bandwidth, OverloadsALiveInputAlone) {
-    const struct {
-        const char *what;
-        int model;
-        int type;
-        bool isOnline;
-        int refresh;
-        bool isOverLoad;
-    } rows[] = {
-        {"too fast", kQuad4k, 2, true, 10000, true},
-        {"within the limits", kQuad4k, 2, true, 6000, false},
-        {"an output", kQuad4k, 4, true, 10000, false},
-        {"no device", kQuad4k, 2, false, 10000, false},
-        {"no rate", kQuad4k, 2, true, 0, false},
-        {"a card that tells none", 30466, 2, true, 10000, false},
-        {"an unknown card", 65536 + kQuad4k, 2, true, 10000, false},
+    const std::tuple<int, int, bool, int, bool> rows[] = {
+        {kQuad4k, 2, true, 10000, true},
+        {kQuad4k, 2, true, 6000, false},
+        {kQuad4k, 4, true, 10000, false},  // an output
+        {kQuad4k, 2, false, 10000, false}, // no device
+        {kQuad4k, 2, true, 0, false},
+        {30466, 2, true, 10000, false},           // a card that tells none
+        {65536 + kQuad4k, 2, true, 10000, false}, // an unknown card
     };
-    for (const auto &row : rows) {
+    for (const auto &[model, type, isOnline, refresh, isOverLoad] : rows) {
         Body body = singleLinks();
-        body.modelId = row.model;
+        body.modelId = model;
         reported(body);
-        device->setDeviceOnlineFlag(row.isOnline);
+        device->setDeviceOnlineFlag(isOnline);
         Input input;
         place(input, 1);
-        input.setType(static_cast<Enum::Interface::InterfaceType>(row.type));
-        input.setActualTiming(fullHd(row.refresh));
-        EXPECT_EQ(input.checkOverLoadStatus(), row.isOverLoad) << row.what;
-        EXPECT_EQ(input.isOverLoad(), row.isOverLoad) << row.what;
+        input.setType(InterfaceType(type));
+        input.setActualTiming(fullHd(refresh));
+        EXPECT_EQ(input.checkOverLoadStatus(), isOverLoad) << model << ' ' << type << ' ' << refresh;
+        EXPECT_EQ(input.isOverLoad(), isOverLoad) << model << ' ' << type << ' ' << refresh;
     }
 }
 
@@ -196,8 +165,8 @@ TEST_F(Bandwidth, SortsOutRatesAndProposals) {
     reported(outputCard());
     Output output;
     place(output, 6);
-    EXPECT_THAT(output.getValidRefreshList({1920, 1080}, kRgb, ColorDepth::_16_, {120.0F, 60.0F, 24.0F, 100.0F, 50.0F}),
-                ElementsAre(60.0F, 24.0F, 50.0F));
+    EXPECT_THAT(output.getValidRefreshList({1920, 1080}, kRgb, ColorDepth::_16_, {120, 60, 24, 100, 50}),
+                ElementsAre(60, 24, 50));
     const MessageLog messages;
     EXPECT_TRUE(output.calTotalTime({1920, 1080}, 60.0F, kRgb, ColorDepth::_8_, 0));
     EXPECT_FALSE(output.calTotalTime({1920, 1080}, 120.0F, kRgb, ColorDepth::_8_, 0));

@@ -7,12 +7,17 @@
 #include <quorixbizmodel/capability/interfaceconfig.h>
 #include <quorixbizmodel/topology/subcard.h>
 #include <support/builders.h>
-#include <support/eventlog.h>
-
-#include <gmock/gmock.h>
 
 namespace Quorix::Tests {
 
+using namespace BizModel;
+using namespace Enum::Device;
+using namespace Enum::Interface;
+using namespace Enum::Layer;
+using namespace Enum::Screen;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
 using Body = ProtoModel::Device::s_subcardBody;
 using Record = ProtoModel::Device::s_Connectors;
 
@@ -24,22 +29,24 @@ constexpr std::uint32_t kNoCopy = 268435455;
 
 struct Chassis : testing::Test {
     static void SetUpTestSuite() {
-        BizModel::DeviceConfigManager::destroyInstance();
-        BizModel::InterfaceConfig::destroyInstance();
+        DeviceConfigManager::destroyInstance();
+        InterfaceConfig::destroyInstance();
         QString error;
-        ASSERT_TRUE(BizModel::DeviceConfigManager::instance()->readConfig(QUORIX_DATA_DIR "/devices", error));
-        ASSERT_TRUE(
-            BizModel::InterfaceConfig::instance()->readConfig(QUORIX_DATA_DIR "/QuorixInterfaceCfg.xml", error));
+        ASSERT_TRUE(DeviceConfigManager::instance()->readConfig(QUORIX_DATA_DIR "/devices", error));
+        ASSERT_TRUE(InterfaceConfig::instance()->readConfig(QUORIX_DATA_DIR "/QuorixInterfaceCfg.xml", error));
     }
 
     HubScope scope;
-    std::shared_ptr<BizModel::Device> device = appendedDevice({}, kChassis);
-    EventLog log{BizModel::DeviceList::instance()};
+    std::shared_ptr<Device> device = appendedDevice({}, kChassis);
+    EventLog log{DeviceList::instance()};
 
     void SetUp() override { log.name(device.get(), QStringLiteral("device")); }
 
+    /// Everything heard, in one line: "signalX(device, card)" as "X(card)".
+    QString heard() { return log.take().join(' ').remove("signal").remove("device, "); }
+
     /// Record and card of an input slot, as a report brings them.
-    std::shared_ptr<BizModel::Subcard> reported(const Body &body) {
+    std::shared_ptr<Subcard> reported(const Body &body) {
         device->initProtoConnector(body);
         device->initModelConnector(body);
         auto card = device->slot(static_cast<uint8_t>(body.slotId)).lock();
@@ -50,16 +57,16 @@ struct Chassis : testing::Test {
 
 /// A 4K input card in slot 1 with single links at the first @p count positions.
 inline Body singleLinks(int count = 4) {
-    Body body{.slotId = 1, .modelId = kQuad4k, .boardId = 6, .cardType = 2, .online = 1, .connectors = {}};
+    Body body{.slotId = 1, .modelId = kQuad4k, .boardId = 6, .cardType = 2, .connectors = {}};
     for (int id = 0; id < count; ++id)
-        body.connectors.push_back({.id = id, .type = 5, .copyId = kNoCopy, .workMode = 0, .capacityMode = 0});
+        body.connectors.push_back({.id = id, .type = 5, .copyId = kNoCopy});
     return body;
 }
 
 /// The same card with one 4K link.
 inline Body oneBig() {
     Body body = singleLinks(1);
-    body.connectors.front() = {.id = 0, .type = 5, .copyId = 65536, .workMode = 1, .capacityMode = 2};
+    body.connectors.front() = {0, 5, 65536, 1, 2};
     return body;
 }
 

@@ -4,30 +4,21 @@
 
 #include "chassis.h"
 
-#include <quorixbizmodel/common/enumtools.h>
 #include <quorixbizmodel/topology/input.h>
 #include <quorixbizmodel/topology/output.h>
+
+#include <functional>
 
 namespace Quorix::Tests {
 
 using Detail = ProtoModel::Interface::s_InterfaceDetail;
 using Timing = ProtoModel::s_TimingDetailBody;
 
-/// A timing with the porches of 1920 by 1080 pixels; the rest of a record's fields follow from the size.
+/// Active, front porch, sync, polarity and total of both directions.
 /// @param refresh hundredths of a hertz
-inline Timing fullHd(int refresh = 6000) {
-    return {.interlaced = 0,
-            .refresh = refresh,
-            .horizontal = {.addTime = 1920, .frontPorch = 88, .sync = 44, .syncPolarity = 0, .totalTime = 2200},
-            .vertical = {.addTime = 1080, .frontPorch = 4, .sync = 5, .syncPolarity = 0, .totalTime = 1125}};
-}
+inline Timing fullHd(int refresh = 6000) { return {0, refresh, {1920, 88, 44, 0, 2200}, {1080, 4, 5, 0, 1125}}; }
 
-inline Timing ultraHd() {
-    return {.interlaced = 0,
-            .refresh = 6000,
-            .horizontal = {.addTime = 3840, .frontPorch = 176, .sync = 88, .syncPolarity = 0, .totalTime = 4400},
-            .vertical = {.addTime = 2160, .frontPorch = 8, .sync = 10, .syncPolarity = 0, .totalTime = 2250}};
-}
+inline Timing ultraHd() { return {0, 6000, {3840, 176, 88, 0, 4400}, {2160, 8, 10, 0, 2250}}; }
 
 /// @param type Enum::Interface::InterfaceType
 inline Detail detailOf(int slot, int connector, int type = 2) {
@@ -39,18 +30,28 @@ inline Detail detailOf(int slot, int connector, int type = 2) {
 
 /// The record of an output card in slot 6 with two ports, the second one in hot backup of the first.
 inline Body outputCard() {
-    return {.slotId = 6,
-            .modelId = 30533,
-            .boardId = 0,
-            .cardType = 3,
-            .online = 1,
-            .connectors = {{.id = 0, .type = 2, .copyId = kNoCopy, .workMode = 0, .capacityMode = 0},
-                           {.id = 1, .type = 2, .copyId = 6U << 16U, .workMode = 1, .capacityMode = 0}}};
+    Body body{.slotId = 6, .modelId = 30533, .cardType = 3, .connectors = {{.id = 0, .type = 2}}};
+    body.connectors.push_back({.id = 1, .type = 2, .copyId = 6U << 16U, .workMode = 1});
+    return body;
+}
+
+/// Puts an interface into a device as a report does.
+inline std::shared_ptr<Interface> addedInterface(Device &device, const Detail &detail) {
+    QString error;
+    EXPECT_TRUE(device.addInterface(detail, error)) << error.toStdString();
+    return device.findInterface(detail.interfaceId).lock();
+}
+
+/// A setter and its arguments, as an entry of a table.
+template <class T, class... Parameter>
+std::function<void(T &)> call(void (T::*setter)(Parameter...),
+                              std::type_identity_t<std::decay_t<Parameter>>... arguments) {
+    return [=](T &object) { std::invoke(setter, object, arguments...); };
 }
 
 struct Interfaces : Chassis {
-    std::shared_ptr<BizModel::Subcard> card;
-    std::shared_ptr<BizModel::Input> input;
+    std::shared_ptr<Subcard> card;
+    std::shared_ptr<Input> input;
 
     /// An input on the first port of a card in slot 1, asked for 3840 by 2160 pixels; the device is online.
     void SetUp() override {
@@ -59,8 +60,7 @@ struct Interfaces : Chassis {
         card = reported(singleLinks());
         Detail detail = detailOf(1, 0);
         detail.presetTiming = ultraHd();
-        QString error;
-        ASSERT_TRUE(device->addInterface(detail, error));
+        addedInterface(*device, detail);
         input = device->findInput(1, 0).lock();
         log.name(input.get(), QStringLiteral("input"));
         log.name(card->connector(0).lock().get(), QStringLiteral("connector"));

@@ -85,11 +85,15 @@ void runDemo(const Invocation &call) {
          QStringLiteral("mvr:0"), multiviewer);
     const QStringList stored{QStringLiteral("--root"), scratch.filePath(QStringLiteral("devices")),
                              QStringLiteral("--pictures"), scratch.filePath(QStringLiteral("pictures"))};
-    tour.step(QStringLiteral("The processor as documents on the disk"),
-              QStringList{QStringLiteral("store"), full} + stored);
+    tour.step(QStringLiteral("Whether the cards carry a layer in another place"),
+              {QStringLiteral("check"), full, QStringLiteral("--screen"), QStringLiteral("regular:2"),
+               QStringLiteral("--layer"), QStringLiteral("3"), QStringLiteral("--rect"),
+               QStringLiteral("1800,900,1920,1080")});
+    tour.step(QStringLiteral("They do: it goes there, and the processor to the disk"),
+              QStringList{QStringLiteral("edit"), full, QStringLiteral("move regular:2/pvw/3 1800,900")} + stored);
     tour.step(QStringLiteral("And back, as after a restart"),
               QStringList{QStringLiteral("load"), QStringLiteral("--verify")} + stored);
-    call.out << "\nThe tour is over: " << reports.size() << " processors, all of it from " << call.dataDirectory
+    call.out << "\nThe tour is over: " << reports.size() + 1 << " processors, all of it from " << call.dataDirectory
              << ". The multiviewer and the wall:\n"
              << multiviewer << '\n'
              << wall << '\n';

@@ -211,6 +211,7 @@ void apply(const Edit &edit, const std::shared_ptr<Device> &device) {
 } // namespace
 
 void addEditOptions(QCommandLineParser &parser) {
+    addStoreOptions(parser);
     QString verbs;
     for (const Verb &verb : kVerbs)
         verbs += QStringLiteral("  %1 %2\n").arg(synopsis(verb), -28).arg(QLatin1String(verb.meaning));
@@ -231,12 +232,19 @@ void runEdit(const Invocation &call) {
     for (const QString &text : call.arguments.mid(1))
         edits.push_back(parseEdit(text));
     const ReportDocument document = readReport(call.arguments.first());
-    const HubSession session(call);
+    const bool isKept = call.options.isSet(QStringLiteral("root"));
+    HubSession session(call);
+    if (isKept)
+        session.keepPictures(call);
     const auto device = feed(document, call.out);
     const HubListener listener(call.out);
     for (const Edit &edit : edits) {
         call.out << "> " << edit.text << '\n';
         apply(edit, device);
+    }
+    if (isKept) {
+        call.out << '\n';
+        store(call, device);
     }
 }
 

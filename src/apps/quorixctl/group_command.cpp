@@ -88,6 +88,7 @@ void runGroup(const Invocation &call) {
     const auto reports = readReports(call);
     const HubSession session(call);
     Devices devices;
+    devices.reserve(reports.size());
     for (const ReportDocument &report : reports)
         devices.push_back(feed(report, call.out));
     printGroups(call);

@@ -27,6 +27,11 @@ HubSession::~HubSession() {
     ImageStorager::instance()->setFolder(m_folder);
 }
 
+void HubSession::keepPictures(const Invocation &call) {
+    const QString folder = call.options.value(QStringLiteral("pictures"));
+    ImageStorager::instance()->setFolder(folder.isEmpty() ? m_folder : folder);
+}
+
 std::shared_ptr<Device> feed(const ReportDocument &report, QTextStream &notes) {
     auto device = std::make_shared<Device>(report.modelId, nullptr);
     DeviceList::instance()->append(device);

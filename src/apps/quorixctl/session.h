@@ -24,6 +24,9 @@ public:
     HubSession &operator=(const HubSession &) = delete;
     ~HubSession();
 
+    /// Pictures go to the folder of --pictures, or to the user's own store, and stay.
+    void keepPictures(const Invocation &call);
+
 private:
     QTemporaryDir m_pictures;
     QString m_folder; ///< of the picture store before
@@ -32,6 +35,10 @@ private:
 /// Brings a reported processor into the hub, part by part as the library wants it. What the device refuses is told in
 /// @p notes; the rest goes in.
 std::shared_ptr<Quorix::BizModel::Device> feed(const ReportDocument &report, QTextStream &notes);
+
+/// Stores a device under --root and prints what stands there. Throws UsageError without a root, and Failure if the
+/// device can't be stored.
+void store(const Invocation &call, const std::shared_ptr<Quorix::BizModel::Device> &device);
 
 /// Throws Failure for a screen that the device doesn't have.
 std::shared_ptr<Quorix::BizModel::Screen> screenOf(Quorix::BizModel::Device &device,

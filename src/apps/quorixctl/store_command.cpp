@@ -2,7 +2,6 @@
 #include "table.h"
 
 #include <ajson/ajson.h>
-#include <imagestorage/imagestorage.h>
 #include <quorixbizmodel/common/quorixbizenum.h>
 #include <quorixbizmodel/device/device.h>
 #include <quorixbizmodel/hub/devicelist.h>
@@ -57,21 +56,8 @@ private:
     static inline QtMessageHandler s_before = nullptr;
 };
 
-/// The hub, with the store of pictures that the user wants.
-class StoreSession {
-public:
-    explicit StoreSession(const Invocation &call) : m_pictures(ImageStorager::instance()->folder()), m_session(call) {
-        const QString folder = call.options.value(QStringLiteral("pictures"));
-        ImageStorager::instance()->setFolder(folder.isEmpty() ? m_pictures : folder);
-    }
-
-private:
-    QString m_pictures;
-    HubSession m_session;
-};
-
 QString rootOf(const Invocation &call) {
-    const QString root = call.options.value(QStringLiteral("root"));
+    QString root = call.options.value(QStringLiteral("root"));
     if (root.isEmpty())
         throw UsageError(QStringLiteral("which folder? --root DIR"));
     return root;
@@ -167,10 +153,19 @@ void addLoadOptions(QCommandLineParser &parser) {
         {QStringLiteral("verify"), QStringLiteral("Store what was loaded again, elsewhere, and compare.")});
 }
 
+void store(const Invocation &call, const std::shared_ptr<Device> &device) {
+    Serailizer serailizer(rootOf(call));
+    Problems problems;
+    serailizer.serailize(device);
+    printDevices(call.out, serailizer);
+    problems.report(call.out);
+}
+
 void runStore(const Invocation &call) {
     Serailizer serailizer(rootOf(call));
     const auto reports = readReports(call);
-    const StoreSession session(call);
+    HubSession session(call);
+    session.keepPictures(call);
     Problems problems;
     // One by one: a store of the whole hub would remove every other folder under the root, whatever it holds.
     for (const ReportDocument &report : reports)
@@ -183,7 +178,8 @@ void runLoad(const Invocation &call) {
     const QString root = rootOf(call);
     if (!QDir(root).exists())
         throw Failure(QStringLiteral("%1: no such folder").arg(root));
-    const StoreSession session(call);
+    HubSession session(call);
+    session.keepPictures(call);
     Problems problems;
     // Nothing wakes a saver here. Where one runs, it is woken only when all of this is over.
     Serailizer serailizer(root);

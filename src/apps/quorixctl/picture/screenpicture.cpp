@@ -62,10 +62,10 @@ double drawLegend(const ScreenView &view, double y, std::vector<Mark> &marks) {
                        }});
     entries.push_back(
         {QStringLiteral("grid of the multiviewer"), !view.cells.empty(), [&](const Area &area) {
-             const double x = area.x + area.width / 2;
-             const double y = area.y + area.height / 2;
+             const Segment across{area.x, area.y + area.height / 2, area.right(), area.y + area.height / 2};
+             const Segment down{area.x + area.width / 2, area.y, area.x + area.width / 2, area.bottom()};
              marks.emplace_back(Box{area, kStripe});
-             marks.emplace_back(Lines{{{x, area.y, x, area.bottom()}, {area.x, y, area.right(), y}}, kCell});
+             marks.emplace_back(Lines{{across, down}, kCell});
          }});
     entries.push_back({QStringLiteral("not on the wall"), anyOutput(&OutputView::isNarrowed), [&](const Area &area) {
                            marks.emplace_back(Box{area, kStripe, {rgb(0x9AA7B3), 1, 3}});

@@ -6,7 +6,7 @@
 #include <quorixbizmodel/common/helper.h>
 #include <quorixbizmodel/device/device.h>
 #include <quorixbizmodel/layers/layer.h>
-#include <quorixbizmodel/resources/resourcecheck.h>
+#include <quorixbizmodel/resources/resourcescheck.h>
 #include <quorixbizmodel/screens/mvrscreen.h>
 #include <quorixbizmodel/screens/screenkinds.h>
 #include <quorixbizmodel/topology/output.h>
