@@ -114,7 +114,8 @@ double drawCards(const ScreenView &view, double y, std::vector<Mark> &marks) {
     for (std::size_t i = 0; i < view.cards.size(); ++i) {
         const CardView &card = view.cards[i];
         const double x = kMargin + static_cast<double>(i % kInRow) * kColumn;
-        const double top = y + static_cast<double>(i / kInRow) * kRow;
+        const std::size_t row = i / kInRow;
+        const double top = y + static_cast<double>(row) * kRow;
         const double height = card.loads.size() > 1 ? 6 : 12;
         Area bar{x + kName, top + 3, kBar, height};
         bool isOver = false;
@@ -133,7 +134,8 @@ double drawCards(const ScreenView &view, double y, std::vector<Mark> &marks) {
         marks.emplace_back(Text{elided(text, kTextSize, isOver, kColumn - kName - kBar - 16), bar.right() + 10,
                                 top + 13.5, kTextSize, isOver ? kSelectedInk : kInk, isOver});
     }
-    return y + static_cast<double>((view.cards.size() + kInRow - 1) / kInRow) * kRow;
+    const std::size_t rows = (view.cards.size() + kInRow - 1) / kInRow;
+    return y + static_cast<double>(rows) * kRow;
 }
 
 struct Column {
