@@ -26,11 +26,8 @@ const Row kRows[] = {
     {"timing", 2, "", "timing takes: WxH@R"},
     {"card 1", 1, "", "no card 1"},
     {"card 30474", 0, "capacity group", ""},
-    {"card x", 2, "", "not a card model id"},
     {"limits 30474", 0, "Maximum supported bandwidth:3.6Gbps,Current bandwidth:3.9Gbps.", ""},
-    {"limits 1", 1, "", "takes a card 1"},
     {"models", 0, "29959", ""},
-    {"models --loud", 2, "", "loud"},
     {"dance", 2, "", "no such command: dance"},
     {"layouts", 0, "Blend 2 3456x1200", ""},
     {"show missing.json", 1, "", "missing.json: "},
@@ -38,20 +35,15 @@ const Row kRows[] = {
     {"show @birch-mini.json @birch-mini.json", 0,
      "[online]|Input 2-2 1920x1080@60Hz 1920x1200@60Hz RGB 4:4:4, 8bit|2 devices", ""},
     {"edid show missing.bin", 1, "", "missing.bin: "},
-    {"edid dance x", 2, "", "not dance"},
     {"store @birch-mini.json", 2, "", "--root DIR"},
     {"store @birch-mini.json --root /dev/null/x", 1, "Not a directory", "problems: 1"},
     {"load --root /nowhere", 1, "", "/nowhere: no such folder"},
     {"preset load @alder.json 9", 1, "", "the device has no preset 9"},
-    {"preset drop @alder.json 1", 2, "", "preset takes show, plan, load, not drop"},
 
     {"draw @alder.json", 2, "", "draw wants -o FILE.svg or -o FILE.png, not ''"},
-    {"draw @alder.json -o wall.jpg", 2, "", "not 'wall.jpg'"},
-    {"draw @alder.json @alder.json -o wall.svg", 2, "", "draw takes: REPORT"},
     {"draw @alder.json --screen 0 -o wall.svg", 2, "", "'0' is no screen: wanted KIND:ID"},
     {"draw @alder.json --scene live -o wall.svg", 2, "", "'live' is no scene"},
     {"draw @alder.json --screen aux:9 -o wall.svg", 1, "", "the report has no screen aux:9"},
-    {"draw missing.json -o wall.svg", 1, "", "missing.json: "},
     {"draw @alder.json -o /missing/wall.svg", 1, "", "/missing/wall.svg: "},
 
     // A 4K input costs 8 on each card that it meets; the middle row of the wall carries 12 beside it.
@@ -64,10 +56,8 @@ const Row kRows[] = {
     {"check @alder-max.json --screen aux:1 --layer new --rect 0,0,3000,1000", 0,
      "AuxScreen 2, pgm: layer new, 3000x1000 at 0,0, fits", ""},
     {"check @alder-max.json --screen mvr:0 --layer 0 --rect 0,0,10,10", 1, "", "regular and AUX screens alone"},
-    {"check @alder-max.json --screen 9 --layer 0 --rect 0,0,10,10", 1, "", "no screen regular:9"},
     {"check @alder-max.json --screen 0 --layer 77 --rect 0,0,10,10", 1, "", "no layer regular:0/pvw/77"},
     {"check @alder-max.json --screen 0 --layer 0 --rect 0,0,10", 2, "", "'0,0,10' is no rectangle"},
-    {"check @alder-max.json --screen 0 --layer 0 --rect 0,0,0,10", 2, "", "is no size"},
     {"check @alder-max.json --screen 0 --layer 0 --rect 0,0,9,9 --source none", 2, "", "--source is for a new layer"},
     {"check @alder-max.json --screen 0 --layer 0", 2, "", "check wants --rect"},
 
@@ -83,7 +73,6 @@ const Row kRows[] = {
     {"mvr close @hazel.json --empty", 0, "signalScreenRemoved|mvr:1|multiviewer is closed|15-0 master Output 8-1 main",
      ""},
     {"mvr close @larch.json", 1, "", "the multiviewer isn't open"},
-    {"mvr shut @larch.json", 2, "", "mvr takes open, close, not shut"},
 
     {"uses @alder-max.json input 4-0", 0,
      "layer regular:0/pgm/8 Layer 9 on Main Wall|mvr:0/pgm/4|preset 2 Preset 2 genlock Used by Main Wall,Side Wall,MVR "
@@ -97,9 +86,7 @@ const Row kRows[] = {
     {"uses @alder-max.json screen mvr:0", 0, "MVR 1 of |: not used ", ""},
     {"uses @larch.json input 4-1", 0, "Input 1-2 of Rehearsal: not used ", ""},
     {"uses @larch.json bkg 0", 1, "", "the report has no bkg 0"},
-    {"uses @larch.json output 4-0", 1, "", "the report has no output 4-0"},
     {"uses @larch.json input 4", 2, "", "'4' is no interface: wanted SLOT-CONNECTOR"},
-    {"uses @larch.json cat 4", 2, "", "uses takes input, output, bkg, logo, screen, not cat"},
 
     {"backup @larch.json", 0, "hot backup is on, pairs: 3|4-0 Input 1-1 2 4-1 Input 1-2 0 4-0 Input 1-1 4-2", ""},
     {"backup @larch.json switch 4-0 4-1", 0,
@@ -109,7 +96,6 @@ const Row kRows[] = {
      ""},
     {"backup @larch.json switch 4-0 7-0", 1, "", "4-0 and 7-0 are no pair"},
     {"backup @birch-mini.json", 0, "hot backup is off, pairs: 0", ""},
-    {"backup @larch.json turn 4-0 4-1", 2, "", "backup takes: REPORT [switch A B]"},
 
     // By the number of the address in a group, by its text in none.
     {"group @birch-mini.json @hazel.json @larch.json @alder-max.json @alder.json", 0,
@@ -121,7 +107,6 @@ const Row kRows[] = {
     {"group @larch.json @larch.json @larch.json @larch.json @larch.json @larch.json @larch.json @larch.json --join 3",
      0, "3 yes|3 yes|3 no|group 3:", ""},
     {"group @alder.json --leave --device Foyer", 1, "", "there is no device Foyer"},
-    {"group @alder.json --join 0", 2, "", "'0' is no group"},
     {"group @alder.json --join 2 --leave", 2, "", "--join or --leave, not both"},
 };
 
