@@ -1,8 +1,8 @@
 #include <quorixbizmodel/device/device.h>
 
 #include <quorixbizmodel/capability/quorixbizstruct.h>
-#include <quorixbizmodel/capability/slotrange.h>
 #include <quorixbizmodel/common/enumtools.h>
+#include <quorixbizmodel/common/helper.h>
 #include <quorixbizmodel/common/lists.h>
 #include <quorixbizmodel/common/quorixbizconstants.h>
 #include <quorixbizmodel/screens/screen.h>
@@ -106,19 +106,9 @@ bool Device::isOpenedMVR() { return !presentEntries(m_screensRWLock, m_MVRSscree
 QString Device::subCardDescription(int position, bool isOpenedMVR) {
     if (m_pDeviceConfig == nullptr)
         return {};
-    const SlotRange input{m_pDeviceConfig->InputSlotStartIndex, m_pDeviceConfig->InputSlotCount};
-    const SlotRange output{m_pDeviceConfig->OutputSlotStartIndex, m_pDeviceConfig->OutputSlotCount};
-    const SlotRange expansion{m_pDeviceConfig->ExpSlotStartIndex, m_pDeviceConfig->ExpSlotCount};
-    const SlotRange mvr{m_pDeviceConfig->MVRScreensCfg.StartSlotIndex, m_pDeviceConfig->MVRScreensCfg.SlotCount};
-    if (input.contains(position))
-        return QStringLiteral("In%1").arg(input.place(position));
-    if (output.contains(position)) {
-        if (isOpenedMVR && mvr.contains(position))
-            return QStringLiteral("MVR");
-        return QStringLiteral("Out%1").arg(output.place(position));
-    }
-    if (expansion.contains(position))
-        return QStringLiteral("Exp");
+    const QString label = Helper::slotLabel(*m_pDeviceConfig, position, isOpenedMVR);
+    if (!label.isEmpty())
+        return label;
     return QStringLiteral("Invalid slot pos [%1]").arg(position);
 }
 
