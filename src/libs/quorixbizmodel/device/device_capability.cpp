@@ -106,7 +106,7 @@ bool Device::isOpenedMVR() { return !presentEntries(m_screensRWLock, m_MVRSscree
 QString Device::subCardDescription(int position, bool isOpenedMVR) {
     if (m_pDeviceConfig == nullptr)
         return {};
-    const QString label = Helper::slotLabel(*m_pDeviceConfig, position, isOpenedMVR);
+    QString label = Helper::slotLabel(*m_pDeviceConfig, position, isOpenedMVR);
     if (!label.isEmpty())
         return label;
     return QStringLiteral("Invalid slot pos [%1]").arg(position);
