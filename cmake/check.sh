@@ -62,8 +62,10 @@ find build/asan/bin -name 'fuzz_*' | sort | xargs -P "$jobs" -I{} sh -ec '
     name=${1##*/fuzz_}
     work=build/asan/corpus/$name
     mkdir -p "$work"
-    "$1" -max_total_time="${FUZZ_SECONDS:-20}" -rss_limit_mb=2048 -timeout=20 -print_final_stats=0 -verbosity=0 \
-        -artifact_prefix="$work/finding-" "$work" "tests/fuzz/corpus/$name" || { echo "-- $name"; exit 255; }' fuzz {}
+    "$1" -max_total_time="${FUZZ_SECONDS:-20}" -rss_limit_mb=2048 -timeout=20 -print_final_stats=1 -verbosity=0 \
+        -artifact_prefix="$work/finding-" "$work" "tests/fuzz/corpus/$name" >"$work.log" 2>&1 ||
+        { cat "$work.log"; exit 255; }
+    grep -h number_of_executed "$work.log" | sed "s/.*units:/$name: executed/"' fuzz {}
 
 step "exported symbols"
 cmake --preset default >/dev/null
