@@ -72,6 +72,10 @@ cmake --preset default >/dev/null
 cmake --build --preset default -j "$jobs" -- --quiet
 cmake/check-symbols.sh build/default/lib/libquorixbizmodel.so.1
 
+step "benchmarks: they build"
+cmake --preset release >/dev/null
+cmake --build --preset release -j "$jobs" -- --quiet
+
 step "an EDID that other tools accept"
 made=$(mktemp)
 build/default/bin/quorixctl edid make data/edid/wall_input.bin 2560x1440@59.94 -o "$made"

@@ -31,33 +31,14 @@ std::string number(double value) {
 
 /// Markup is escaped; what no XML document may hold is replaced.
 std::string escaped(const QString &text) {
-    std::string result;
-    for (const char byte : text.toUtf8().toStdString()) {
-        switch (byte) {
-        case '&':
-            result += "&amp;";
-            break;
-        case '<':
-            result += "&lt;";
-            break;
-        case '>':
-            result += "&gt;";
-            break;
-        case '"':
-            result += "&quot;";
-            break;
-        default:
-            if (static_cast<unsigned char>(byte) < 0x20)
-                result += ' ';
-            else
-                result += byte;
-        }
+    QString result = text;
+    for (QChar &letter : result) {
+        if (letter.unicode() < 0x20)
+            letter = QLatin1Char(' ');
+        else if (letter.unicode() >= 0xFFFE)
+            letter = QLatin1Char('?');
     }
-    // U+FFFE and U+FFFF
-    for (const char *banned : {"\xEF\xBF\xBE", "\xEF\xBF\xBF"})
-        for (std::size_t at = 0; (at = result.find(banned, at)) != std::string::npos;)
-            result.replace(at, 3, "?");
-    return result;
+    return result.toHtmlEscaped().toStdString();
 }
 
 std::string hex(const Colour &colour) {
