@@ -129,62 +129,6 @@ public:
     SaveDeviceDataThread *saveDeviceDataThread();
 
 Q_SIGNALS:
-    // Family 3, a layer. Declared first: Qt finds the first 64 signals of a class faster, and layers are edited most.
-    void signalLayerWindowRectChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
-                                      const std::weak_ptr<Layer> &layer, const QString &sender);
-    void signalWindowRectChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
-                                 const std::weak_ptr<Layer> &layer, const QRect &before, const QRect &after);
-    void signalLayerSourceChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
-                                  const std::weak_ptr<Layer> &layer);
-    void signalLayerZorderChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
-                                  const std::weak_ptr<Layer> &layer);
-    void signalLayerNameChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
-                                const std::weak_ptr<Layer> &layer);
-    void signalLayerBackgroundChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
-                                      const std::weak_ptr<Layer> &layer);
-    void signalLayerFreezeChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
-                                  const std::weak_ptr<Layer> &layer);
-    void signalLayerMonochromeChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
-                                      const std::weak_ptr<Layer> &layer);
-    void signalLayerInverseChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
-                                   const std::weak_ptr<Layer> &layer);
-    void signalLayerFlipTypeChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
-                                    const std::weak_ptr<Layer> &layer);
-    void signalLayerCropChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
-                                const std::weak_ptr<Layer> &layer, const QString &sender);
-    void signalLayerUMDChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
-                               const std::weak_ptr<Layer> &layer);
-    void signalLayerMaskChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
-                                const std::weak_ptr<Layer> &layer, const QString &sender);
-    void signalLayerColorChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
-                                 const std::weak_ptr<Layer> &layer);
-    void signalLayerOpacityChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
-                                   const std::weak_ptr<Layer> &layer, const QString &sender);
-    void signalWindowWHRatioLockedStateChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
-                                               const std::weak_ptr<Layer> &layer, const QString &sender);
-    void signalLayerWindowWHRatioChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
-                                         const std::weak_ptr<Layer> &layer);
-    void signalLayerWindowWHTypeChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
-                                        const std::weak_ptr<Layer> &layer);
-    void signalLayerBorderChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
-                                  const std::weak_ptr<Layer> &layer, const QString &sender);
-    void signalLayerBorderColorChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
-                                       const std::weak_ptr<Layer> &layer, const QString &sender);
-    void signalLayerUMDEnableChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
-                                     const std::weak_ptr<Layer> &layer);
-    void signalLayerUMDColorChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
-                                    const std::weak_ptr<Layer> &layer);
-    void signalCutAndFillChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
-                                 const std::weak_ptr<Layer> &layer);
-    void signalLayerSaturationChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
-                                      const std::weak_ptr<Layer> &layer, const QString &sender);
-    void signalLayerHueChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
-                               const std::weak_ptr<Layer> &layer, const QString &sender);
-    void signalLayerBrightnessChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
-                                      const std::weak_ptr<Layer> &layer, const QString &sender);
-    void signalLayerContrastChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
-                                    const std::weak_ptr<Layer> &layer, const QString &sender);
-
     // The hub itself.
     void signalDeviceAppended(const std::weak_ptr<Device> &device);
     void signalDeviceRemoved(const std::shared_ptr<Device> &device);
@@ -310,6 +254,62 @@ Q_SIGNALS:
     void signalScreenOperationTargetChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen);
     void signalScreenNovsStatusChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen);
     void signalMVRScreenRowColSpanChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<MVRScreen> &screen);
+
+    // Family 3, a layer.
+    void signalLayerWindowRectChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
+                                      const std::weak_ptr<Layer> &layer, const QString &sender);
+    void signalWindowRectChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
+                                 const std::weak_ptr<Layer> &layer, const QRect &before, const QRect &after);
+    void signalLayerSourceChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
+                                  const std::weak_ptr<Layer> &layer);
+    void signalLayerZorderChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
+                                  const std::weak_ptr<Layer> &layer);
+    void signalLayerNameChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
+                                const std::weak_ptr<Layer> &layer);
+    void signalLayerBackgroundChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
+                                      const std::weak_ptr<Layer> &layer);
+    void signalLayerFreezeChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
+                                  const std::weak_ptr<Layer> &layer);
+    void signalLayerMonochromeChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
+                                      const std::weak_ptr<Layer> &layer);
+    void signalLayerInverseChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
+                                   const std::weak_ptr<Layer> &layer);
+    void signalLayerFlipTypeChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
+                                    const std::weak_ptr<Layer> &layer);
+    void signalLayerCropChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
+                                const std::weak_ptr<Layer> &layer, const QString &sender);
+    void signalLayerUMDChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
+                               const std::weak_ptr<Layer> &layer);
+    void signalLayerMaskChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
+                                const std::weak_ptr<Layer> &layer, const QString &sender);
+    void signalLayerColorChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
+                                 const std::weak_ptr<Layer> &layer);
+    void signalLayerOpacityChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
+                                   const std::weak_ptr<Layer> &layer, const QString &sender);
+    void signalWindowWHRatioLockedStateChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
+                                               const std::weak_ptr<Layer> &layer, const QString &sender);
+    void signalLayerWindowWHRatioChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
+                                         const std::weak_ptr<Layer> &layer);
+    void signalLayerWindowWHTypeChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
+                                        const std::weak_ptr<Layer> &layer);
+    void signalLayerBorderChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
+                                  const std::weak_ptr<Layer> &layer, const QString &sender);
+    void signalLayerBorderColorChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
+                                       const std::weak_ptr<Layer> &layer, const QString &sender);
+    void signalLayerUMDEnableChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
+                                     const std::weak_ptr<Layer> &layer);
+    void signalLayerUMDColorChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
+                                    const std::weak_ptr<Layer> &layer);
+    void signalCutAndFillChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
+                                 const std::weak_ptr<Layer> &layer);
+    void signalLayerSaturationChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
+                                      const std::weak_ptr<Layer> &layer, const QString &sender);
+    void signalLayerHueChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
+                               const std::weak_ptr<Layer> &layer, const QString &sender);
+    void signalLayerBrightnessChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
+                                      const std::weak_ptr<Layer> &layer, const QString &sender);
+    void signalLayerContrastChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Screen> &screen,
+                                    const std::weak_ptr<Layer> &layer, const QString &sender);
 
     // Family 4, an interface.
     void signalInterfaceNameChanged(const std::weak_ptr<Device> &device, const std::weak_ptr<Interface> &interface);
