@@ -41,6 +41,20 @@ void setDefaultTiming(Output &output, bool isSilent) {
                            info.m_fDefaultRefreshRate);
 }
 
+/// Makes the present cards of the multiviewer ones of @p type, each before @p action sees its connectors.
+template <class Action>
+void convertCards(Device &device, const DeviceConfig &config, CardType type, Action action) {
+    for (const auto &place : config.MVRScreensCfg.mvrScreenConfigs()) {
+        const auto card = device.slot(place.SlotIndex).lock();
+        if (card == nullptr)
+            continue;
+        card->setCardType(type);
+        for (const auto &reference : card->connectors())
+            if (const auto connector = reference.lock())
+                action(place, *connector);
+    }
+}
+
 } // namespace
 
 bool Device::isMVRCard(uint8_t slotId) {
@@ -130,23 +144,14 @@ void Device::closeMVR() {
     const auto *config = configRecord();
     if (config == nullptr)
         return;
-    for (const auto &place : config->MVRScreensCfg.mvrScreenConfigs()) {
-        const auto card = slot(place.SlotIndex).lock();
-        if (card == nullptr)
-            continue;
-        card->setCardType(CardType::_OUTPUT);
-        for (const auto &reference : card->connectors()) {
-            const auto connector = reference.lock();
-            if (connector == nullptr)
-                continue;
-            connector->setEnabled(true);
-            connector->setWorkMode(WorkMode::Master);
-            if (const auto output = findOutput(place.SlotIndex, connector->id()).lock()) {
-                output->setType(InterfaceType::MainOutput);
-                output->setName(output->nextInterfaceName(place.SlotIndex, InterfaceType::MainOutput));
-            }
+    convertCards(*this, *config, CardType::_OUTPUT, [this](const auto &place, Connector &connector) {
+        connector.setEnabled(true);
+        connector.setWorkMode(WorkMode::Master);
+        if (const auto output = findOutput(place.SlotIndex, connector.id()).lock()) {
+            output->setType(InterfaceType::MainOutput);
+            output->setName(output->nextInterfaceName(place.SlotIndex, InterfaceType::MainOutput));
         }
-    }
+    });
     for (const auto &place : config->AuxSceensCfg.auxScreenConfigs())
         if (const auto output = findOutput(place.SlotIndex, place.ConnectorIndex).lock())
             output->setName(output->nextInterfaceName(place.SlotIndex, InterfaceType::MainOutput));
@@ -156,34 +161,25 @@ void Device::updateMVRConnector(bool isBlockSignal) {
     const auto *config = configRecord();
     if (config == nullptr)
         return;
-    for (const auto &place : config->MVRScreensCfg.mvrScreenConfigs()) {
-        const auto card = slot(place.SlotIndex).lock();
-        if (card == nullptr)
-            continue;
-        card->setCardType(CardType::_MVR);
-        for (const auto &reference : card->connectors()) {
-            const auto connector = reference.lock();
-            if (connector == nullptr)
-                continue;
-            connector->setWorkMode(WorkMode::Master);
-            const auto output = findOutput(place.SlotIndex, connector->id()).lock();
-            if (output == nullptr)
-                continue;
-            if (connector->id() == place.ConnectorIndex) {
-                output->setType(InterfaceType::MVROutput);
-                setDefaultTiming(*output, isBlockSignal);
-            }
-            if (isOutputUsedByMVRScreen(output->interfaceFullId()))
-                continue;
-            if (!isFreeForAux(*config, place.SlotIndex, connector->id())) {
-                connector->setWorkMode(WorkMode::NoOutput);
-                output->setType(InterfaceType::MVROutput);
-            } else if (output->type() != toInt(InterfaceType::AUXOutput)) {
-                output->setType(InterfaceType::AUXOutput);
-                output->setName(output->nextInterfaceName(place.SlotIndex, InterfaceType::AUXOutput));
-            }
+    convertCards(*this, *config, CardType::_MVR, [&](const auto &place, Connector &connector) {
+        connector.setWorkMode(WorkMode::Master);
+        const auto output = findOutput(place.SlotIndex, connector.id()).lock();
+        if (output == nullptr)
+            return;
+        if (connector.id() == place.ConnectorIndex) {
+            output->setType(InterfaceType::MVROutput);
+            setDefaultTiming(*output, isBlockSignal);
         }
-    }
+        if (isOutputUsedByMVRScreen(output->interfaceFullId()))
+            return;
+        if (!isFreeForAux(*config, place.SlotIndex, connector.id())) {
+            connector.setWorkMode(WorkMode::NoOutput);
+            output->setType(InterfaceType::MVROutput);
+        } else if (output->type() != toInt(InterfaceType::AUXOutput)) {
+            output->setType(InterfaceType::AUXOutput);
+            output->setName(output->nextInterfaceName(place.SlotIndex, InterfaceType::AUXOutput));
+        }
+    });
 }
 
 bool Device::isOutputUsedByMVRScreen(const ProtoModel::s_InterfaceID &id) {
